@@ -1,0 +1,20 @@
+# Stages build/include/Lm: links to every public header, flat, plus Lm/support, so that the build tree offers the very
+# include form of an installed Lumora. A header is public when it stands in a header folder and is not listed as internal.
+set(lm_public_headers)
+foreach(folder IN LISTS lm_header_folders)
+    file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.h)
+    list(APPEND lm_public_headers ${headers})
+endforeach()
+list(FILTER lm_public_headers INCLUDE REGEX "/(Lm|Xm|Sv|uiUtl|imsg|gu_help|pfm)[A-Za-z_]*\\.h$")
+file(GLOB lm_support_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/support/*.h)
+
+file(REMOVE_RECURSE ${PROJECT_BINARY_DIR}/include/Lm)
+file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/include/Lm/support)
+foreach(header IN LISTS lm_public_headers)
+    get_filename_component(name ${header} NAME)
+    file(CREATE_LINK ${header} ${PROJECT_BINARY_DIR}/include/Lm/${name} SYMBOLIC)
+endforeach()
+foreach(header IN LISTS lm_support_headers)
+    get_filename_component(name ${header} NAME)
+    file(CREATE_LINK ${header} ${PROJECT_BINARY_DIR}/include/Lm/support/${name} SYMBOLIC)
+endforeach()
