@@ -22,9 +22,8 @@ configure_file(cmake/zentalm.pc.in ${PROJECT_BINARY_DIR}/zentalm.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/zentalm.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 foreach(kind schemes icons help)
-    if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/data/${kind})
-        install(DIRECTORY data/${kind} DESTINATION ${CMAKE_INSTALL_DATADIR}/lumora)
-    endif()
+    file(GLOB files CONFIGURE_DEPENDS data/${kind}/*)
+    install(FILES ${files} DESTINATION ${CMAKE_INSTALL_DATADIR}/lumora/${kind})
 endforeach()
 
 # Xt looks in /etc only for what Debian itself installs below /usr; everything else stays below its own prefix.

@@ -64,7 +64,7 @@ static pid_t startChild(const std::vector<std::string>& command, int deathSignal
     _exit(127);
 }
 
-Server::Server(const std::string& screen, const std::vector<std::string>& arguments) : _owner(getpid())
+Server::Server(const std::string& screen, const std::vector<std::string>& arguments) : _owner(getpid()), _displayName(":")
 {
     int ready[2];
     if (pipe2(ready, O_CLOEXEC) != 0)
@@ -77,7 +77,6 @@ Server::Server(const std::string& screen, const std::vector<std::string>& argume
     close(ready[1]);
     const auto deadline = Clock::now() + patience;
     char byte;
-    _displayName = ":";
     while (readable(ready[0], deadline) && read(ready[0], &byte, 1) == 1 && byte != '\n')
         _displayName += byte;
     close(ready[0]);
