@@ -1,0 +1,60 @@
+#include "LmFormat.h"
+
+#include <array>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+#include <string_view>
+
+/// How much of `text` to keep so that it does not end inside a UTF-8 character that the cut has halved.
+static std::size_t wholeCharacters(std::string_view text)
+{
+    std::size_t start = text.size();
+    while (start > 0 && text.size() - start < 3 && (static_cast<unsigned char>(text[start - 1]) & 0xC0) == 0x80)
+        --start;
+    if (start == 0)
+        return text.size();
+    const auto lead = static_cast<unsigned char>(text[start - 1]);
+    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 1;
+    return text.size() - (start - 1) < length ? start - 1 : text.size();
+}
+
+const char* LmFormat(const char* format, ...)
+{
+    static std::array<char, 1024> result;
+    std::array<char, 1024> fresh;   // an argument may be the previous result
+    va_list arguments;
+    va_start(arguments, format);
+    const int length = std::vsnprintf(fresh.data(), fresh.size(), format, arguments);
+    va_end(arguments);
+
+    std::size_t kept = length < 0 ? 0 : static_cast<std::size_t>(length);
+    if (kept >= fresh.size())
+        kept = wholeCharacters({fresh.data(), fresh.size() - 1});
+    std::memcpy(result.data(), fresh.data(), kept);
+    result[kept] = '\0';
+    return result.data();
+}
+
+char* strconcat(const char* a, const char* b)
+{
+    const std::size_t lengthOfA = std::strlen(a);
+    const std::size_t lengthOfB = std::strlen(b);
+    auto* joined = new char[lengthOfA + lengthOfB + 1];
+    std::memcpy(joined, a, lengthOfA);
+    std::memcpy(joined + lengthOfA, b, lengthOfB + 1);
+    return joined;
+}
+
+char* strdotconcat(const char* a, const char* b)
+{
+    const std::string_view left = a ? a : "";
+    const std::string_view right = b ? b : "";
+    auto* joined = new char[left.size() + right.size() + 3];
+    char* end = joined + left.copy(joined, left.size());
+    if (a && b)
+        *end++ = '.';
+    end += right.copy(end, right.size());
+    *end = '\0';
+    return joined;
+}
