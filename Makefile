@@ -10,7 +10,7 @@ packages = @scripts/install-packages
 build = @cmake --build build/$(1) --parallel $(JOBS)
 tests = ctest --preset $(1) -j $(JOBS)
 
-.PHONY: help demo test check tidy sanitize bench install uninstall clean
+.PHONY: help demo test check format tidy sanitize bench install uninstall clean
 help: ## lists the targets
 	@sed -n 's/^\([a-z]*\):.*## /make \1	/p' Makefile
 
@@ -40,6 +40,10 @@ check: ## format, includes, headers; a build without any warning by g++ and by c
 	@scripts/check-headers build/check-gcc g++ clang++
 	$(call build,check-gcc)
 	$(call build,check-clang)
+
+format: ## puts every C++ file into the form that check wants
+	$(packages) check
+	@scripts/check-format --fix
 
 tidy: ## clang-tidy over the library
 	$(packages) build test check
