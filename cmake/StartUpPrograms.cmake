@@ -7,3 +7,6 @@ target_link_libraries(sample_motif PRIVATE lm_options ${lm_libraries})
 
 add_executable(sample_lumora EXCLUDE_FROM_ALL bench/startup/sample_lumora.cpp bench/startup/SampleWindow.cpp)
 target_link_libraries(sample_lumora PRIVATE lm_options lumora_build)
+
+set(lm_startup_sources base/core/StartUp.cpp base/core/Colors.cpp base/core/DropSites.cpp base/core/ResourceDefaults.cpp
+    base/core/VirtualBinding.cpp base/core/VirtualKeys.cpp)
