@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/core/StartUp.h"
+#include "support/handles.h"
 #include "support/resources.h"
 #include "tests/support/Servers.h"
 
@@ -198,4 +199,88 @@ TEST(StartUpOnScreen, TheFirstWindowTakes45RoundTripsAtMost)
     const int trips = tripsOf("sample_lumora");
     EXPECT_LE(trips, 45);
     EXPECT_EQ(tripsOf("sample_lumora later"), trips) << "a scrolled text must not cost more";
+}
+
+/// A hand on the mouse: a connection of its own, for Motif's drag has an event loop of its own, too. The server keeps the
+/// pace: each step comes `milliseconds` after the one before.
+class Mouse {
+public:
+    explicit Mouse(Widget over) : _display(XOpenDisplay(nullptr))
+    {
+        Position x = 0, y = 0;
+        XtTranslateCoords(over, 0, 0, &x, &y);
+        _origin = {x, y};
+    }
+    ~Mouse() { XCloseDisplay(_display); }
+
+    void move(int x, int y, unsigned long milliseconds)
+    {
+        XTestFakeMotionEvent(_display, -1, _origin.x + x, _origin.y + y, milliseconds);
+        XFlush(_display);
+    }
+    void press(bool down, unsigned long milliseconds)
+    {
+        XTestFakeButtonEvent(_display, Button2, down, milliseconds);
+        XFlush(_display);
+    }
+    /// From one point to another, where it rests before it lets go.
+    void drag(XPoint from, XPoint to, unsigned long rest)
+    {
+        move(from.x, from.y, 0);
+        press(true, 50);
+        for (int i = 1; i <= 10; ++i)
+            move(from.x + (to.x - from.x) * i / 10, from.y + (to.y - from.y) * i / 10, 30);
+        press(false, rest);
+    }
+
+private:
+    Display* _display;
+    XPoint _origin;
+};
+
+static void dispatchUntil(XtAppContext context, const std::function<bool()>& done)
+{
+    static bool late;
+    late = false;
+    const XtIntervalId limit = XtAppAddTimeOut(
+        context, 10000, [](XtPointer, XtIntervalId*) { late = true; }, nullptr);
+    while (!done() && !late)
+        XtAppProcessEvent(context, XtIMAll);
+    if (!late)
+        XtRemoveTimeOut(limit);
+}
+
+TEST(StartUpOnScreen, TextIsDraggedAndScrolledAtTheEdgeAsBefore)
+{
+    Display* display = openDisplay(Start::prepared);
+    const XtAppContext context = XtDisplayToApplicationContext(display);
+    Widget shell = XtVaAppCreateShell("lmtest", "LmTest", applicationShellWidgetClass, display, nullptr);
+    Arg arguments[] = {{XmNeditMode, XmMULTI_LINE_EDIT}, {XmNrows, 5}, {XmNcolumns, 30}};
+    Widget text = XmCreateScrolledText(shell, lm::xtText("text"), arguments, XtNumber(arguments));
+    XtManageChild(text);
+    std::string lines = "alpha beta\n";
+    for (int i = 0; i < 40; ++i)
+        lines += "line\n";
+    XmTextSetString(text, lines.data());
+    XtRealizeWidget(shell);
+    XSync(display, False);
+    const auto point = [&](XmTextPosition position) {
+        Position x = 0, y = 0;
+        XmTextPosToXY(text, position, &x, &y);
+        return XPoint{static_cast<short>(x + 2), static_cast<short>(y - 3)};
+    };
+    Mouse mouse(text);
+
+    XmTextSetSelection(text, 0, 6, XtLastTimestampProcessed(display));
+    mouse.drag(point(2), point(10), 100);
+    const auto content = [&] { return std::unique_ptr<char, lm::FreeWith<lm::xtFree>>(XmTextGetString(text)); };
+    dispatchUntil(context, [&] { return std::string_view(content().get()).starts_with("betaalpha \n"); });
+    EXPECT_TRUE(std::string_view(content().get()).starts_with("betaalpha \n")) << std::string_view(content().get()).substr(0, 20);
+
+    XmTextSetSelection(text, 0, 4, XtLastTimestampProcessed(display));
+    Dimension height = 0;
+    XtVaGetValues(text, XmNheight, &height, nullptr);
+    mouse.drag(point(2), {20, static_cast<short>(height - 1)}, 3000);
+    dispatchUntil(context, [&] { return XmTextGetTopCharacter(text) > 0; });
+    EXPECT_GT(XmTextGetTopCharacter(text), 0);
 }
