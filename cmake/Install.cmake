@@ -1,1 +1,36 @@
-# filled in by the install rules
+# What `make install` installs, and how outside programs find it: the CMake package Lumora and the pkg-config module zentalm.
+# Both name their files relative to themselves, so an installed tree may be staged with DESTDIR or moved as a whole.
+include(CMakePackageConfigHelpers)
+
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/Lumora)
+
+target_compile_features(zentalm INTERFACE cxx_std_17)
+target_include_directories(zentalm INTERFACE $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+install(TARGETS zentalm EXPORT Lumora LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(FILES ${lm_public_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Lm COMPONENT headers)
+install(FILES ${lm_support_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Lm/support COMPONENT headers)
+
+install(EXPORT Lumora NAMESPACE Lumora:: FILE LumoraTargets.cmake DESTINATION ${package_folder})
+configure_package_config_file(cmake/LumoraConfig.cmake.in ${PROJECT_BINARY_DIR}/LumoraConfig.cmake
+    INSTALL_DESTINATION ${package_folder} NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/LumoraConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/LumoraConfig.cmake ${PROJECT_BINARY_DIR}/LumoraConfigVersion.cmake
+    DESTINATION ${package_folder})
+
+file(RELATIVE_PATH prefix_from_pkgconfig /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+configure_file(cmake/zentalm.pc.in ${PROJECT_BINARY_DIR}/zentalm.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/zentalm.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+foreach(kind schemes icons help)
+    file(GLOB files CONFIGURE_DEPENDS data/${kind}/*)
+    install(FILES ${files} DESTINATION ${CMAKE_INSTALL_DATADIR}/lumora/${kind})
+endforeach()
+
+# Xt looks in /etc only for what Debian itself installs below /usr; everything else stays below its own prefix.
+if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    set(app_defaults_folder /etc/X11/app-defaults)
+else()
+    set(app_defaults_folder ${CMAKE_INSTALL_SYSCONFDIR}/X11/app-defaults)
+endif()
+file(GLOB app_defaults CONFIGURE_DEPENDS examples/*/app-defaults/*)
+install(FILES ${app_defaults} DESTINATION ${app_defaults_folder})

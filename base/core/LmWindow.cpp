@@ -1,0 +1,5 @@
+#include "LmWindow.h"
+
+void LmWindow::show() { LmSimpleWindow::show(); }
+
+Widget LmWindow::setUpInterface(Widget) { return nullptr; }

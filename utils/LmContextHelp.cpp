@@ -1,0 +1,3 @@
+#include "LmContextHelp.h"
+
+void LmAddContextSmartHelpCallback(Widget) {}
