@@ -1,6 +1,12 @@
 // alive.h: does an object still exist after the user's code ran?
 #pragma once
 
+// GCC 12 does not see that a watch leaves the list before its storage goes.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdangling-pointer"
+#endif
+
 namespace lm {
 
 class Watch;
@@ -60,3 +66,7 @@ inline Alive::~Alive()
 }
 
 }   // namespace lm
+
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic pop
+#endif

@@ -12,9 +12,9 @@
 class LM_API LmCallbackItem {
 public:
     /// A registration of a function; the name is copied.
-    LmCallbackItem(const char* name, LmCallbackFunction function, void* clientData);
+    LmCallbackItem(const char* name, LmCallbackFunction fn, void* clientData);
     /// A registration of a member function of `target` (not owned); the name is copied.
-    LmCallbackItem(const char* name, LmCallbackObject* target, LmCallbackMethod method, void* clientData);
+    LmCallbackItem(const char* name, LmCallbackObject* target, LmCallbackMethod member, void* clientData);
 
     /// Runs the registration when its name is `name`. The item may be gone afterwards.
     void invoke(LmCallbackObject* caller, const char* name, void* callData);
