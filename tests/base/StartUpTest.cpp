@@ -280,7 +280,8 @@ TEST(StartUpOnScreen, TextIsDraggedAndScrolledAtTheEdgeAsBefore)
     XmTextSetSelection(text, 0, 4, XtLastTimestampProcessed(display));
     Dimension height = 0;
     XtVaGetValues(text, XmNheight, &height, nullptr);
-    mouse.drag(point(2), {20, static_cast<short>(height - 1)}, 3000);
-    dispatchUntil(context, [&] { return XmTextGetTopCharacter(text) > 0; });
-    EXPECT_GT(XmTextGetTopCharacter(text), 0);
+    mouse.drag(point(2), {20, static_cast<short>(height + 2)}, 5000);   // the strip between text and scroll bar
+    dispatchUntil(context, [&] { return XmTextGetTopCharacter(text) > 15; });
+    EXPECT_GT(XmTextGetTopCharacter(text), 15);
+    EXPECT_TRUE(std::string_view(content().get()).starts_with("betaalpha")) << "scrolled while dragging, not by the drop";
 }
