@@ -1,0 +1,368 @@
+#include "tests/support/OnScreen.h"
+
+#include "support/handles.h"
+#include "support/resources.h"
+
+#include <X11/Shell.h>
+#include <X11/XKBlib.h>
+#include <X11/Xutil.h>
+#include <X11/extensions/XTest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace lmtest {
+
+static std::vector<std::string> errors;
+
+static Display* display() { return app().display(); }
+
+// --- the application ---------------------------------------------------------------------------------------------------
+
+static int rememberXError(Display* d, XErrorEvent* event)
+{
+    char text[256] = {};
+    XGetErrorText(d, event->error_code, text, sizeof text);
+    errors.push_back(std::string("X error: ") + text + ", request " + std::to_string(event->request_code));
+    return 0;
+}
+
+static void rememberWarning(String message) { errors.push_back(std::string("Xt warning: ") + message); }
+
+LmApp& app()
+{
+    static LmApp* application = [] {
+        static char program[] = "lmtest";
+        static char* arguments[] = {program, nullptr};
+        static int count = 1;
+        auto* made = theApplication ? theApplication : new LmApp("LmTest", &count, arguments, nullptr, 0);
+        XSetErrorHandler(rememberXError);
+        XtAppSetWarningHandler(made->appContext(), rememberWarning);
+        return made;
+    }();
+    return *application;
+}
+
+// --- waiting -----------------------------------------------------------------------------------------------------------
+
+static void dispatchOne()
+{
+    XtAppContext context = app().appContext();
+    if (const XtInputMask other = XtAppPending(context) & (XtIMTimer | XtIMAlternateInput | XtIMSignal)) {
+        XtAppProcessEvent(context, other);
+        return;
+    }
+    XEvent event;
+    XtAppNextEvent(context, &event);
+    if (!XtDispatchEvent(&event))
+        app().handleRawEvent(&event);
+}
+
+void settle()
+{
+    do {
+        while (XtAppPending(app().appContext()))
+            dispatchOne();
+        XSync(display(), False);
+    } while (XtAppPending(app().appContext()));
+}
+
+void settleUntil(const std::function<bool()>& condition, int milliseconds)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end) {
+            ADD_FAILURE() << "waited " << milliseconds << " ms in vain";
+            return;
+        }
+        bool woken = false;   // blocks until something comes, so that work procedures run, but at most 20 ms
+        const XtIntervalId timer = XtAppAddTimeOut(app().appContext(), 20, [](XtPointer flag, XtIntervalId*) {
+            *static_cast<bool*>(flag) = true;
+        }, &woken);
+        XtAppProcessEvent(app().appContext(), XtIMAll);
+        if (!woken)
+            XtRemoveTimeOut(timer);
+    }
+}
+
+// --- input -------------------------------------------------------------------------------------------------------------
+
+/// The nearest ancestor-or-self that has a window, and where the place is in it.
+static Widget windowed(Widget w, int& x, int& y)
+{
+    for (; w && !XtIsWidget(w); w = XtParent(w)) {
+        Position left = 0, top = 0;
+        XtVaGetValues(w, XtNx, &left, XtNy, &top, nullptr);
+        x += left;
+        y += top;
+    }
+    return w;
+}
+
+void pointAt(Widget w, int x, int y)
+{
+    w = windowed(w, x, y);
+    int rootX = 0, rootY = 0;
+    Window child = None;
+    XTranslateCoordinates(display(), XtWindow(w), RootWindowOfScreen(XtScreen(w)), x, y, &rootX, &rootY, &child);
+    XTestFakeMotionEvent(display(), -1, rootX, rootY, 0);
+    settle();
+}
+
+void press(Widget w, int x, int y, unsigned button)
+{
+    pointAt(w, x, y);
+    XTestFakeButtonEvent(display(), button, True, 0);
+    settle();
+}
+
+void release(unsigned button)
+{
+    XTestFakeButtonEvent(display(), button, False, 0);
+    settle();
+}
+
+void click(Widget w, int x, int y, unsigned button)
+{
+    press(w, x, y, button);
+    release(button);
+}
+
+void click(Widget w)
+{
+    Dimension width = 0, height = 0;
+    XtVaGetValues(w, XtNwidth, &width, XtNheight, &height, nullptr);
+    click(w, width / 2, height / 2);
+}
+
+void drag(Widget w, int fromX, int fromY, int toX, int toY, unsigned button)
+{
+    press(w, fromX, fromY, button);
+    pointAt(w, (fromX + toX) / 2, (fromY + toY) / 2);
+    pointAt(w, toX, toY);
+    release(button);
+}
+
+void key(KeySym keysym, const std::vector<KeySym>& modifiers)
+{
+    const auto send = [](KeySym symbol, Bool down) {
+        XTestFakeKeyEvent(display(), XKeysymToKeycode(display(), symbol), down, 0);
+    };
+    for (KeySym modifier : modifiers)
+        send(modifier, True);
+    send(keysym, True);
+    send(keysym, False);
+    for (auto modifier = modifiers.rbegin(); modifier != modifiers.rend(); ++modifier)
+        send(*modifier, False);
+    settle();
+}
+
+void type(const std::string& text)
+{
+    for (const char c : text) {
+        const KeySym keysym = c == '\n' ? XK_Return : static_cast<unsigned char>(c);
+        const KeyCode code = XKeysymToKeycode(display(), keysym);
+        const bool shifted = XkbKeycodeToKeysym(display(), code, 0, 0) != keysym;
+        key(keysym, shifted ? std::vector<KeySym>{XK_Shift_L} : std::vector<KeySym>{});
+    }
+}
+
+// --- the screen --------------------------------------------------------------------------------------------------------
+
+static std::vector<unsigned long> pixelsOf(Widget w, int x, int y, unsigned width, unsigned height)
+{
+    std::vector<unsigned long> pixels;
+    XImage* image = XGetImage(display(), XtWindow(w), x, y, width, height, AllPlanes, ZPixmap);
+    if (!image)
+        return pixels;
+    for (int row = 0; row < image->height; ++row)
+        for (int column = 0; column < image->width; ++column)
+            pixels.push_back(XGetPixel(image, column, row));
+    XDestroyImage(image);
+    return pixels;
+}
+
+static std::vector<unsigned long> allPixelsOf(Widget w)
+{
+    Dimension width = 0, height = 0;
+    XtVaGetValues(w, XtNwidth, &width, XtNheight, &height, nullptr);
+    return pixelsOf(w, 0, 0, width, height);
+}
+
+unsigned long pixelAt(Widget w, int x, int y)
+{
+    const auto pixels = pixelsOf(w, x, y, 1, 1);
+    return pixels.empty() ? 0 : pixels.front();
+}
+
+int colourCount(Widget w)
+{
+    const auto pixels = allPixelsOf(w);
+    return static_cast<int>(std::set(pixels.begin(), pixels.end()).size());
+}
+
+int pixelCount(Widget w, unsigned long pixel) { return static_cast<int>(std::ranges::count(allPixelsOf(w), pixel)); }
+
+bool isViewable(Widget w)
+{
+    if (!w || !(XtIsManaged(w) || XtIsShell(w)))
+        return false;
+    int x = 0, y = 0;
+    w = windowed(w, x, y);
+    if (!XtIsRealized(w))
+        return false;
+    XWindowAttributes attributes;
+    return XGetWindowAttributes(display(), XtWindow(w), &attributes) && attributes.map_state == IsViewable;
+}
+
+void screenshot(const std::string& name)
+{
+    const std::filesystem::path folder = std::filesystem::path(LUMORA_BINARY_DIR) / "screenshots";
+    std::filesystem::create_directories(folder);
+    settle();
+    const std::string command = "import -window root '" + (folder / (name + ".png")).string() + "'";
+    if (std::system(command.c_str()) != 0)
+        ADD_FAILURE() << "no screenshot: is imagemagick installed?";
+}
+
+// --- widgets -----------------------------------------------------------------------------------------------------------
+
+Widget childNamed(Widget w, const std::string& path) { return XtNameToWidget(w, path.c_str()); }
+
+static std::string plain(XmString text)
+{
+    const lm::XmText newline(XmStringSeparatorCreate());
+    Arg args[] = {{lm::xtText(XmNpattern), reinterpret_cast<XtArgVal>("\n")},
+                  {lm::xtText(XmNsubstitute), reinterpret_cast<XtArgVal>(newline.get())},
+                  {lm::xtText(XmNincludeStatus), XmINSERT}};
+    XmParseMapping mapping = XmParseMappingCreate(args, 3);
+    const lm::XtString result(
+        static_cast<char*>(XmStringUnparse(text, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, &mapping, 1, XmOUTPUT_ALL)));
+    XmParseMappingFree(mapping);
+    return result ? result.get() : "";
+}
+
+std::string textOf(Widget w, const char* resource)
+{
+    XmString value = nullptr;
+    XtVaGetValues(w, resource, &value, nullptr);
+    const lm::XmText owner(value);
+    return value ? plain(value) : "";
+}
+
+void setResource(const std::string& line)
+{
+    XrmDatabase database = XtDatabase(display());
+    XrmPutLineResource(&database, line.c_str());
+}
+
+std::string propertyOf(Widget w, const char* property)
+{
+    Atom type = None;
+    int format = 0;
+    unsigned long items = 0, left = 0;
+    unsigned char* data = nullptr;
+    XGetWindowProperty(display(), XtWindow(w), XInternAtom(display(), property, False), 0, 1 << 20, False, AnyPropertyType, &type,
+                       &format, &items, &left, &data);
+    const lm::XString owner(reinterpret_cast<char*>(data));
+    return format == 8 ? std::string(owner.get(), items) : "";
+}
+
+void sendProtocol(Widget shell, const char* protocol)
+{
+    XEvent event = {};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = XtWindow(shell);
+    event.xclient.message_type = XInternAtom(display(), "WM_PROTOCOLS", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(XInternAtom(display(), protocol, False));
+    event.xclient.data.l[1] = CurrentTime;
+    XSendEvent(display(), XtWindow(shell), False, NoEventMask, &event);
+    settle();
+}
+
+// --- output and exits --------------------------------------------------------------------------------------------------
+
+static std::string outputOf(FILE* stream, int descriptor, const std::function<void()>& action)
+{
+    char name[] = "/tmp/lmtest-output-XXXXXX";
+    const lm::FileDescriptor file(mkstemp(name));
+    std::fflush(stream);
+    const lm::FileDescriptor saved(dup(descriptor));
+    dup2(file.get(), descriptor);
+    action();
+    std::fflush(stream);
+    dup2(saved.get(), descriptor);
+    std::ifstream input(name);
+    std::string text(std::istreambuf_iterator<char>(input), {});
+    unlink(name);
+    return text;
+}
+
+std::string stdoutOf(const std::function<void()>& action) { return outputOf(stdout, STDOUT_FILENO, action); }
+
+std::string stderrOf(const std::function<void()>& action) { return outputOf(stderr, STDERR_FILENO, action); }
+
+int exitStatusOf(const std::function<void()>& action)
+{
+    std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        action();
+        std::fflush(nullptr);
+        _exit(testing::Test::HasFailure() ? 77 : 0);
+    }
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+// --- the fixture -------------------------------------------------------------------------------------------------------
+
+OnScreen::OnScreen() { app(); }
+
+OnScreen::~OnScreen()
+{
+    if (_shell)
+        destroyShell();
+    settle();
+    EXPECT_EQ(takeErrors(), std::vector<std::string>());
+}
+
+Widget OnScreen::shell()
+{
+    if (!_shell)
+        _shell = XtVaCreatePopupShell("shell", topLevelShellWidgetClass, app().baseWidget(), XmNallowShellResize, True, nullptr);
+    return _shell;
+}
+
+void OnScreen::show(LmComponent& component, Dimension width, Dimension height)
+{
+    if (width && height)
+        XtVaSetValues(shell(), XtNwidth, width, XtNheight, height, nullptr);
+    component.show();
+    XtPopup(shell(), XtGrabNone);
+    settleUntil([this] { return isViewable(shell()); });
+    settle();
+}
+
+void OnScreen::destroyShell()
+{
+    XtDestroyWidget(std::exchange(_shell, nullptr));
+    settle();
+}
+
+std::vector<std::string> OnScreen::takeErrors() { return std::exchange(errors, {}); }
+
+}   // namespace lmtest
