@@ -3,6 +3,8 @@
 #include "SchemeFile.h"
 #include "support/resources.h"
 
+#include <Xm/Display.h>
+
 #include <clocale>
 #include <cstdio>
 #include <optional>
@@ -68,6 +70,19 @@ static lm::XrmOwner findScheme(const std::string& name)
     return {};
 }
 
+/// Motif's display object was made with the first shell, before the scheme was read: it is told what the scheme says.
+static void informMotif(Display* display)
+{
+    const char* const rows[][2] = {{XmNenableThinThickness, XmCEnableThinThickness},
+                                              {XmNenableEtchedInMenu, XmCEnableEtchedInMenu},
+                                              {XmNenableToggleVisual, XmCEnableToggleVisual}};
+    for (const auto& [name, className] : rows) {
+        const auto value = programResource(display, name, className);
+        if (value)
+            XtVaSetValues(XmGetXmDisplay(display), XtVaTypedArg, name, XtRString, value->c_str(), value->size() + 1, nullptr);
+    }
+}
+
 void uiUtlLoadScheme(Display* display)
 {
     const auto name = programResource(display, "scheme", "Scheme");
@@ -80,4 +95,5 @@ void uiUtlLoadScheme(Display* display)
         scheme = lm::withoutFonts(scheme.get());
     XrmDatabase database = XtDatabase(display);
     XrmMergeDatabases(scheme.release(), &database);   // takes the scheme over
+    informMotif(display);
 }

@@ -1,7 +1,9 @@
 #include "LmCursorList.h"
 
+#include "Colors.h"
 #include "LmApp.h"
 #include "LmResource.h"
+#include "RequireApplication.h"
 #include "support/handles.h"
 
 #include <algorithm>
@@ -102,11 +104,12 @@ Pixel applicationPixel(const char* name, const char* className, const char* fall
 
 LmBusyCursors::LmBusyCursors() : LmCursorList(numFrames)
 {
+    lm::requireApplication("LmBusyCursors");
     Display* display = theApplication->display();
     std::array<XColor, 2> colors{};
     colors[0].pixel = applicationPixel("busyCursorForeground", "Foreground", "Black");
     colors[1].pixel = applicationPixel("busyCursorBackground", "Background", "White");
-    XQueryColors(display, DefaultColormap(display, DefaultScreen(display)), colors.data(), colors.size());
+    lm::queryColors(display, colors.data(), static_cast<int>(colors.size()));
     _foreground = colors[0];
     _background = colors[1];
 }

@@ -1,5 +1,6 @@
 #include "LmXpmIcon.h"
 
+#include "Colors.h"
 #include "support/XErrorTrap.h"
 #include "support/handles.h"
 
@@ -66,7 +67,7 @@ int allocateColor(Display* display, Colormap colormap, char* name, XColor* color
 {
     if (name && !XParseColor(display, colormap, name, color))
         return -1;
-    if (!XAllocColor(display, colormap, color))
+    if (!lm::allocColor(display, colormap, color))
         return 0;
     if (name)
         static_cast<Palette*>(palette)->insert_or_assign(name, *color);
