@@ -1,11 +1,10 @@
 // The start-up unit saves time and changes nothing else. What Motif does by itself is the expected value here: each case
 // runs in a child process, for Motif keeps things per process.
-#include <gtest/gtest.h>
+#include "tests/support/OnScreen.h"
 
 #include "base/core/StartUp.h"
 #include "support/handles.h"
 #include "support/resources.h"
-#include "tests/support/Servers.h"
 
 #include <X11/Xatom.h>
 #include <X11/extensions/XTest.h>
@@ -17,9 +16,7 @@
 #include <cstdio>
 #include <functional>
 #include <sstream>
-#include <sys/wait.h>
 #include <tuple>
-#include <unistd.h>
 
 extern "C" const char _XmVirtKeys_hpFallbackBindingString[];   // one of Motif's own tables, with Shift and two keys in a line
 
@@ -42,23 +39,7 @@ static Display* openDisplay(Start start, const Resources& resources = {}, const 
 
 static std::string inChild(const std::function<std::string()>& work)
 {
-    int ends[2] = {};
-    EXPECT_EQ(pipe(ends), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        const std::string answer = work();
-        _exit(write(ends[1], answer.data(), answer.size()) == std::ssize(answer) ? 0 : 1);
-    }
-    close(ends[1]);
-    std::string answer;
-    char buffer[4096];
-    for (ssize_t n; (n = read(ends[0], buffer, sizeof buffer)) > 0;)
-        answer.append(buffer, static_cast<size_t>(n));
-    close(ends[0]);
-    int status = -1;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
-    return answer;
+    return lmtest::stdoutOf([&] { EXPECT_EQ(lmtest::exitStatusOf([&] { std::fputs(work().c_str(), stdout); }), 0); });
 }
 
 static std::string keyTable(Start start, const Resources& resources = {})
@@ -174,11 +155,14 @@ static void compareColors(Display* display, int count)
 
 TEST(StartUpOnScreen, ColorsAreTheServersOnEveryKindOfScreen)
 {
-    compareColors(openDisplay(Start::prepared), 500);
     const lmtest::Server depth16("640x480x16"), pseudoColor("640x480x8", {"-cc", "3"}), trueColor8("640x480x8", {"-cc", "4"}),
         gray("640x480x8", {"-cc", "0"});
+    const auto failures = [](const std::string& server, int colors) {
+        return lmtest::exitStatusOf([&] { compareColors(openDisplay(Start::prepared, {}, server.c_str()), colors); });
+    };
+    EXPECT_EQ(failures(lmtest::server().displayName(), 500), 0);
     for (const lmtest::Server* server : {&depth16, &pseudoColor, &trueColor8, &gray})
-        compareColors(openDisplay(Start::prepared, {}, server->displayName().c_str()), 12);
+        EXPECT_EQ(failures(server->displayName(), 12), 0);
 }
 
 /// How often the program waits for the server until its first window is painted.
@@ -201,59 +185,24 @@ TEST(StartUpOnScreen, TheFirstWindowTakes45RoundTripsAtMost)
     EXPECT_EQ(tripsOf("sample_lumora later"), trips) << "a scrolled text must not cost more";
 }
 
-/// A hand on the mouse: a connection of its own, for Motif's drag has an event loop of its own, too. The server keeps the
-/// pace: each step comes `milliseconds` after the one before.
-class Mouse {
-public:
-    explicit Mouse(Widget over) : _display(XOpenDisplay(nullptr))
-    {
-        Position x = 0, y = 0;
-        XtTranslateCoords(over, 0, 0, &x, &y);
-        _origin = {x, y};
-    }
-    ~Mouse() { XCloseDisplay(_display); }
-
-    void move(int x, int y, unsigned long milliseconds)
-    {
-        XTestFakeMotionEvent(_display, -1, _origin.x + x, _origin.y + y, milliseconds);
-        XFlush(_display);
-    }
-    void press(bool down, unsigned long milliseconds)
-    {
-        XTestFakeButtonEvent(_display, Button2, down, milliseconds);
-        XFlush(_display);
-    }
-    /// From one point to another, where it rests before it lets go.
-    void drag(XPoint from, XPoint to, unsigned long rest)
-    {
-        move(from.x, from.y, 0);
-        press(true, 50);
-        for (int i = 1; i <= 10; ++i)
-            move(from.x + (to.x - from.x) * i / 10, from.y + (to.y - from.y) * i / 10, 30);
-        press(false, rest);
-    }
-
-private:
-    Display* _display;
-    XPoint _origin;
-};
-
-static void dispatchUntil(XtAppContext context, const std::function<bool()>& done)
+/// Drags with button 2 and rests at the end before it lets go. On a connection of its own, for Motif's drag has an event
+/// loop of its own, too; the server keeps the pace.
+static void dragSlowly(Widget over, XPoint from, XPoint to, unsigned long rest)
 {
-    static bool late;
-    late = false;
-    const XtIntervalId limit = XtAppAddTimeOut(
-        context, 10000, [](XtPointer, XtIntervalId*) { late = true; }, nullptr);
-    while (!done() && !late)
-        XtAppProcessEvent(context, XtIMAll);
-    if (!late)
-        XtRemoveTimeOut(limit);
+    static Display* hand = XOpenDisplay(nullptr);
+    Position left = 0, top = 0;
+    XtTranslateCoords(over, 0, 0, &left, &top);
+    XTestFakeMotionEvent(hand, -1, left + from.x, top + from.y, 0);
+    XTestFakeButtonEvent(hand, Button2, True, 50);
+    for (int i = 1; i <= 10; ++i)
+        XTestFakeMotionEvent(hand, -1, left + from.x + (to.x - from.x) * i / 10, top + from.y + (to.y - from.y) * i / 10, 30);
+    XTestFakeButtonEvent(hand, Button2, False, rest);
+    XFlush(hand);
 }
 
-TEST(StartUpOnScreen, TextIsDraggedAndScrolledAtTheEdgeAsBefore)
+static void dragText()
 {
-    Display* display = openDisplay(Start::prepared);
-    const XtAppContext context = XtDisplayToApplicationContext(display);
+    Display* display = lmtest::app().display();
     Widget shell = XtVaAppCreateShell("lmtest", "LmTest", applicationShellWidgetClass, display, nullptr);
     Arg arguments[] = {{XmNeditMode, XmMULTI_LINE_EDIT}, {XmNrows, 5}, {XmNcolumns, 30}};
     Widget text = XmCreateScrolledText(shell, lm::xtText("text"), arguments, XtNumber(arguments));
@@ -263,24 +212,26 @@ TEST(StartUpOnScreen, TextIsDraggedAndScrolledAtTheEdgeAsBefore)
         lines += "line\n";
     XmTextSetString(text, lines.data());
     XtRealizeWidget(shell);
-    XSync(display, False);
+    lmtest::settle();
     const auto point = [&](XmTextPosition position) {
         Position x = 0, y = 0;
         XmTextPosToXY(text, position, &x, &y);
         return XPoint{static_cast<short>(x + 2), static_cast<short>(y - 3)};
     };
-    Mouse mouse(text);
+    const auto startsWith = [&](const char* expected) {
+        return std::string_view(lm::XtString(XmTextGetString(text)).get()).starts_with(expected);
+    };
 
     XmTextSetSelection(text, 0, 6, XtLastTimestampProcessed(display));
-    mouse.drag(point(2), point(10), 100);
-    const auto content = [&] { return std::unique_ptr<char, lm::FreeWith<lm::xtFree>>(XmTextGetString(text)); };
-    dispatchUntil(context, [&] { return std::string_view(content().get()).starts_with("betaalpha \n"); });
-    EXPECT_TRUE(std::string_view(content().get()).starts_with("betaalpha \n")) << std::string_view(content().get()).substr(0, 20);
+    dragSlowly(text, point(2), point(10), 100);
+    lmtest::settleUntil([&] { return startsWith("betaalpha \n"); });
 
     XmTextSetSelection(text, 0, 4, XtLastTimestampProcessed(display));
     Dimension height = 0;
     XtVaGetValues(text, XmNheight, &height, nullptr);
-    mouse.drag(point(2), {20, static_cast<short>(height - 1)}, 3000);
-    dispatchUntil(context, [&] { return XmTextGetTopCharacter(text) > 0; });
-    EXPECT_GT(XmTextGetTopCharacter(text), 0);
+    dragSlowly(text, point(2), {20, static_cast<short>(height + 2)}, 5000);   // the strip between text and scroll bar
+    lmtest::settleUntil([&] { return XmTextGetTopCharacter(text) > 15; });
+    EXPECT_TRUE(startsWith("betaalpha")) << "scrolled while dragging, not by the drop";
 }
+
+TEST(StartUpOnScreen, TextIsDraggedAndScrolledAtTheEdgeAsBefore) { EXPECT_EQ(lmtest::exitStatusOf(dragText), 0); }

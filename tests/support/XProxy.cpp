@@ -101,7 +101,7 @@ void XProxy::listenOnFreeDisplay()
             break;
         _listener = std::move(listener);
         _socket = path;
-        _displayName = ":" + std::to_string(number);
+        _displayName = std::string(":").append(std::to_string(number));
         return;
     }
     throw std::system_error(errno, std::generic_category(), "no free display number for the proxy");
