@@ -8,7 +8,7 @@ export CMAKE_CXX_COMPILER_LAUNCHER ?= $(shell command -v ccache)
 
 packages = @scripts/install-packages
 build = @cmake --build build/$(1) --parallel $(JOBS)
-tests = ctest --preset $(1) -j $(JOBS)
+tests = ctest --preset $(1) -j $(JOBS) --no-tests=error
 
 .PHONY: help demo test check format tidy sanitize bench install uninstall clean
 help: ## lists the targets
@@ -16,19 +16,19 @@ help: ## lists the targets
 
 demo: ## builds the gallery and shows it; without a display it leaves pictures in build/screenshots
 	$(packages) build test
-	@$(MAKE) --no-print-directory build/dev/configured
+	@$(MAKE) -s --no-print-directory build/dev/configured
 	$(call build,dev)
 	@scripts/demo build/dev
 
 test: ## builds everything and runs every test
 	$(packages) build test
-	@$(MAKE) --no-print-directory build/dev/configured
+	@$(MAKE) -s --no-print-directory build/dev/configured
 	$(call build,dev)
 	@$(call tests,dev)
 
 sanitize: ## the same with AddressSanitizer and UndefinedBehaviorSanitizer
 	$(packages) build test
-	@$(MAKE) --no-print-directory build/asan/configured
+	@$(MAKE) -s --no-print-directory build/asan/configured
 	$(call build,asan)
 	@$(call tests,asan)
 
@@ -36,7 +36,7 @@ check: ## format, includes, headers; a build without any warning by g++ and by c
 	$(packages) build test check
 	@scripts/check-format
 	@scripts/check-includes
-	@$(MAKE) --no-print-directory build/check-gcc/configured build/check-clang/configured
+	@$(MAKE) -s --no-print-directory build/check-gcc/configured build/check-clang/configured
 	@scripts/check-headers build/check-gcc g++ clang++
 	$(call build,check-gcc)
 	$(call build,check-clang)
@@ -47,18 +47,18 @@ format: ## puts every C++ file into the form that check wants
 
 tidy: ## clang-tidy over the library
 	$(packages) build test check
-	@$(MAKE) --no-print-directory build/check-clang/configured
+	@$(MAKE) -s --no-print-directory build/check-clang/configured
 	@find support geometry platform base utils process components -name '*.cpp' -print0 | \
 	    xargs -0 -r -n 4 -P $(JOBS) clang-tidy -p build/check-clang --quiet --warnings-as-errors='*'
 
 bench: ## the measurements of bench/
 	$(packages) build test bench
-	@$(MAKE) --no-print-directory build/bench/configured
+	@$(MAKE) -s --no-print-directory build/bench/configured
 	@cmake --build build/bench --parallel $(JOBS) --target bench
 
 install: ## installs library, headers, data, CMake package and pkg-config module
 	$(packages) build
-	@$(MAKE) --no-print-directory build/$(PRESET)/configured
+	@$(MAKE) -s --no-print-directory build/$(PRESET)/configured
 	$(if $(PREFIX),@cmake -DCMAKE_INSTALL_PREFIX=$(PREFIX) build/$(PRESET) >/dev/null)
 	$(call build,$(PRESET))
 	@cmake --install build/$(PRESET)
