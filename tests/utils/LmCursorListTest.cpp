@@ -33,7 +33,7 @@ std::uint32_t fingerprintOfCursor(Display* display)
 
 }   // namespace
 
-TEST(CursorListModel, FramesGoRoundAndEachIsCreatedOnce)
+TEST(CursorList, FramesGoRoundAndEachIsCreatedOnce)
 {
     Numbered list(3);
 
@@ -63,7 +63,8 @@ TEST_F(BusyCursorsOnScreen, AWatchWhoseHandTurnsClockwise)
     setResource("*busyCursorBackground: #ffff00");
     Display* display = app().display();
     LmBusyCursors watch;
-    const std::vector<std::uint32_t> expected = {0xfb694bb0U, 0x31114dd3U, 0x936bda88U, 0x2865e3abU, 0x228b9074U, 0x5f126d8fU, 0x6b3ec990U, 0x305e6397U};
+    const std::vector<std::uint32_t> expected = {0xfb694bb0U, 0x31114dd3U, 0x936bda88U, 0x2865e3abU,
+                                                 0x228b9074U, 0x5f126d8fU, 0x6b3ec990U, 0x305e6397U};
 
     std::vector<std::uint32_t> seen;
     std::vector<Cursor> cursors;

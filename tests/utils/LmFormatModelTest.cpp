@@ -28,7 +28,9 @@ TEST(FormatModel, CutsAt1023BytesButNotInsideACharacter)
 
 TEST(FormatModel, JoinsLeaveOutWhatIsNull)
 {
-    const auto joined = [](const char* a, const char* b) { return std::string(std::unique_ptr<char[]>(strdotconcat(a, b)).get()); };
+    const auto joined = [](const char* a, const char* b) {
+        return std::string(std::unique_ptr<char[]>(strdotconcat(a, b)).get());
+    };
 
     EXPECT_EQ(joined("a", "b"), "a.b");
     EXPECT_EQ(joined(nullptr, "b"), "b");
