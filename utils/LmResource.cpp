@@ -71,31 +71,15 @@ std::size_t sizeOfType(std::string_view type)
         std::string_view type;
         std::size_t size;
     };
-    static constexpr Row rows[] = {{"Boolean", 1},
-                                   {"Pixel", 8},
-                                   {"Int", 4},
-                                   {"String", 8},
-                                   {"Bool", 4},
-                                   {"Dimension", 2},
-                                   {"Position", 2},
-                                   {"Short", 2},
-                                   {"XmString", 8},
-                                   {"Cursor", 8},
-                                   {"Pixmap", 8},
-                                   {"Float", 4},
-                                   {"Cardinal", 4},
-                                   {"Font", 8},
-                                   {"FontList", 8},
-                                   {"FontStruct", 8},
-                                   {"Atom", 8},
-                                   {"Orientation", 1},
-                                   {"KeySym", 8},
-                                   {"RenderTable", 8},
-                                   {"UnsignedChar", 1},
-                                   {"HorizontalDimension", 2},
-                                   {"VerticalDimension", 2},
-                                   {"HorizontalPosition", 2},
-                                   {"VerticalPosition", 2}};
+    // clang-format off
+    static constexpr Row rows[] = {   // the commonest first
+        {"Boolean", 1}, {"Pixel", 8}, {"Int", 4}, {"String", 8}, {"Dimension", 2}, {"Position", 2}, {"XmString", 8},
+        {"Bool", 4}, {"Float", 4}, {"Cardinal", 4},
+        {"Short", 2}, {"HorizontalDimension", 2}, {"VerticalDimension", 2}, {"HorizontalPosition", 2}, {"VerticalPosition", 2},
+        {"Orientation", 1}, {"UnsignedChar", 1},
+        {"Cursor", 8}, {"Pixmap", 8}, {"Font", 8}, {"FontList", 8}, {"FontStruct", 8}, {"RenderTable", 8}, {"Atom", 8},
+        {"KeySym", 8}};
+    // clang-format on
     const auto* row = std::ranges::find(rows, type, &Row::type);
     return row != std::end(rows) ? row->size : 0;
 }
