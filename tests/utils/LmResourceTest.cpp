@@ -62,7 +62,7 @@ TEST_F(ResourceOnScreen, WhatCannotBeConvertedWarnsAndAnswersNothing)
 {
     EXPECT_EQ(LmGetResource(button, "n", "N", XtRInt, "twelve"), nullptr);
     EXPECT_EQ(LmGetResource(button, "n", "N", "NoSuchType", "1"), nullptr);
-    EXPECT_EQ(LmGetResource(shell(), "n", "N", XtRWidget, "form"), nullptr);
+    EXPECT_EQ(LmGetResource(app().baseWidget(), "n", "N", XtRWidget, "form"), nullptr);
     char buffer[8] = "same";
     EXPECT_EQ(LmGetResource(button, "n", "N", XtRString, "x", buffer, sizeof buffer), 1);
 
