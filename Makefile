@@ -10,25 +10,25 @@ packages = @scripts/install-packages
 build = @cmake --build build/$(1) --parallel $(JOBS)
 tests = ctest --preset $(1) -j $(JOBS)
 
-.PHONY: help demo test check tidy sanitize bench install uninstall clean
+.PHONY: help demo test check format tidy sanitize bench install uninstall clean
 help: ## lists the targets
 	@sed -n 's/^\([a-z]*\):.*## /make \1	/p' Makefile
 
 demo: ## builds the gallery and shows it; without a display it leaves pictures in build/screenshots
 	$(packages) build test
-	@$(MAKE) --no-print-directory build/dev/CMakeCache.txt
+	@$(MAKE) --no-print-directory build/dev/configured
 	$(call build,dev)
 	@scripts/demo build/dev
 
 test: ## builds everything and runs every test
 	$(packages) build test
-	@$(MAKE) --no-print-directory build/dev/CMakeCache.txt
+	@$(MAKE) --no-print-directory build/dev/configured
 	$(call build,dev)
 	@$(call tests,dev)
 
 sanitize: ## the same with AddressSanitizer and UndefinedBehaviorSanitizer
 	$(packages) build test
-	@$(MAKE) --no-print-directory build/asan/CMakeCache.txt
+	@$(MAKE) --no-print-directory build/asan/configured
 	$(call build,asan)
 	@$(call tests,asan)
 
@@ -36,25 +36,29 @@ check: ## format, includes, headers; a build without any warning by g++ and by c
 	$(packages) build test check
 	@scripts/check-format
 	@scripts/check-includes
-	@$(MAKE) --no-print-directory build/check-gcc/CMakeCache.txt build/check-clang/CMakeCache.txt
+	@$(MAKE) --no-print-directory build/check-gcc/configured build/check-clang/configured
 	@scripts/check-headers build/check-gcc g++ clang++
 	$(call build,check-gcc)
 	$(call build,check-clang)
 
+format: ## puts every C++ file into the form that check wants
+	$(packages) check
+	@scripts/check-format --fix
+
 tidy: ## clang-tidy over the library
 	$(packages) build test check
-	@$(MAKE) --no-print-directory build/check-clang/CMakeCache.txt
+	@$(MAKE) --no-print-directory build/check-clang/configured
 	@find support geometry platform base utils process components -name '*.cpp' -print0 | \
 	    xargs -0 -r -n 4 -P $(JOBS) clang-tidy -p build/check-clang --quiet --warnings-as-errors='*'
 
 bench: ## the measurements of bench/
 	$(packages) build test bench
-	@$(MAKE) --no-print-directory build/bench/CMakeCache.txt
+	@$(MAKE) --no-print-directory build/bench/configured
 	@cmake --build build/bench --parallel $(JOBS) --target bench
 
 install: ## installs library, headers, data, CMake package and pkg-config module
 	$(packages) build
-	@$(MAKE) --no-print-directory build/$(PRESET)/CMakeCache.txt
+	@$(MAKE) --no-print-directory build/$(PRESET)/configured
 	$(if $(PREFIX),@cmake -DCMAKE_INSTALL_PREFIX=$(PREFIX) build/$(PRESET) >/dev/null)
 	$(call build,$(PRESET))
 	@cmake --install build/$(PRESET)
@@ -67,10 +71,10 @@ clean: ## removes everything that was built
 
 # --- configuring: once, and again when the presets change ----------------------------------------------------------------------
 LIBRARY_ONLY = -DLUMORA_TESTS=OFF -DLUMORA_EXAMPLES=OFF
-build/check-gcc/CMakeCache.txt: OPTIONS = --preset release -DLUMORA_WERROR=ON -DCMAKE_CXX_COMPILER=g++ $(LIBRARY_ONLY)
-build/check-clang/CMakeCache.txt: OPTIONS = --preset dev -DCMAKE_BUILD_TYPE=Debug -DLUMORA_WERROR=ON -DCMAKE_CXX_COMPILER=clang++ $(LIBRARY_ONLY)
-build/bench/CMakeCache.txt: OPTIONS = --preset release -DLUMORA_BENCH=ON
-build/%/CMakeCache.txt: OPTIONS = --preset $*
-build/%/CMakeCache.txt: CMakePresets.json
-	@cmake $(OPTIONS) -B build/$* $(if $(wildcard $@),,-G "$(GENERATOR)")
+build/check-gcc/configured: OPTIONS = --preset release -DLUMORA_WERROR=ON -DCMAKE_CXX_COMPILER=g++ $(LIBRARY_ONLY)
+build/check-clang/configured: OPTIONS = --preset dev -DCMAKE_BUILD_TYPE=Debug -DLUMORA_WERROR=ON -DCMAKE_CXX_COMPILER=clang++ $(LIBRARY_ONLY)
+build/bench/configured: OPTIONS = --preset release -DLUMORA_BENCH=ON
+build/%/configured: OPTIONS = --preset $*
+build/%/configured: CMakePresets.json
+	@cmake $(OPTIONS) -B build/$* $(if $(wildcard build/$*/CMakeCache.txt),,-G "$(GENERATOR)")
 	@touch $@

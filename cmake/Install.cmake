@@ -18,6 +18,7 @@ install(FILES ${PROJECT_BINARY_DIR}/LumoraConfig.cmake ${PROJECT_BINARY_DIR}/Lum
     DESTINATION ${package_folder})
 
 file(RELATIVE_PATH prefix_from_pkgconfig /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" prefix_from_pkgconfig ${prefix_from_pkgconfig})
 configure_file(cmake/zentalm.pc.in ${PROJECT_BINARY_DIR}/zentalm.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/zentalm.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 

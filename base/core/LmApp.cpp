@@ -75,7 +75,7 @@ LmApp::LmApp(const char* appClassName, int* argc, char** argv, XrmOptionDescRec*
     if (const char* wanted = std::getenv("LUMORA_WARNINGS"); !wanted || std::strcmp(wanted, "1") != 0)
         XtAppSetWarningHandler(_appContext, silentErrorHandler);
     lm::loadClassFileFromDefaultPath(_display);
-    lm::prepareDisplay(_display, name(), appClassName);
+    lm::prepareDisplay(_display);
 
     createShell();
     loadDefaults();

@@ -6,6 +6,13 @@ namespace lm {
 
 static XrmDatabase databaseOf(Display* display) { return XtScreenDatabase(DefaultScreenOfDisplay(display)); }
 
+Program programOf(Display* display)
+{
+    String name = nullptr, className = nullptr;
+    XtGetApplicationNameAndClass(display, &name, &className);
+    return {name, className};
+}
+
 bool isSet(Display* display, const Program& program, const char* resource, const char* resourceClass)
 {
     XrmQuark names[] = {XrmStringToQuark(program.name), XrmStringToQuark(resource), NULLQUARK};

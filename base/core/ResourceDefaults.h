@@ -7,11 +7,12 @@
 
 namespace lm {
 
-/// The first name and class of every resource of a program, as XtGetApplicationNameAndClass gives them.
+/// The first name and class of every resource of a program as Xt knows it: the option -name changes the name.
 struct Program {
     const char* name;
     const char* className;
 };
+Program programOf(Display* display);
 
 /// Has the user said anything about the resource of the program itself, in whatever form?
 bool isSet(Display* display, const Program& program, const char* resource, const char* resourceClass);

@@ -18,70 +18,26 @@ namespace {
 /// XmDisplay interns in one request of its own: leave one out, and that request goes to the server again. Nothing worse
 /// happens when the list grows old. An atom that somebody interns only if it exists has no place here:
 /// for its existence means something to him.
+// clang-format off
 constexpr const char* atomNames[] = {
-    "Customize Data:0",
-    "ATOM_PAIR",
-    "AVERAGE_WIDTH",
-    "PIXEL_SIZE",
-    "RESOLUTION_Y",
-    "WM_DELETE_WINDOW",
-    "_MOTIF_DRAG_ATOMS",
-    "_MOTIF_DRAG_INITIATOR_INFO",
-    "_MOTIF_DRAG_PROXY_WINDOW",
-    "_MOTIF_DRAG_RECEIVER_INFO",
-    "_MOTIF_DRAG_TARGETS",
-    "_MOTIF_DRAG_WINDOW",
-    "CLIPBOARD",
-    "CLIP_TEMPORARY",
-    "COMPOUND_TEXT",
-    "DELETE",
-    "INCR",
-    "INSERT_SELECTION",
-    "LENGTH",
-    "LINK_SELECTION",
-    "MULTIPLE",
-    "NULL",
-    "TARGETS",
-    "TEXT",
-    "TIMESTAMP",
-    "TRANSFER_FAILURE",
-    "TRANSFER_SUCCESS",
-    "WM_STATE",
-    "_MOTIF_ATOM_0",
-    "_MOTIF_CLIP_DATA_DELETE",
-    "_MOTIF_CLIP_DATA_REQUEST",
-    "_MOTIF_CLIP_HEADER",
-    "_MOTIF_CLIP_LOCK_ACCESS_VALID",
-    "_MOTIF_CLIP_MESSAGE",
-    "_MOTIF_CLIP_NEXT_ID",
-    "_MOTIF_CLIP_TIME",
-    "_MOTIF_CLIPBOARD_TARGETS",
-    "_MOTIF_DESTINATION",
-    "_MOTIF_DRAG_OFFSET",
-    "_MOTIF_DEFERRED_CLIPBOARD_TARGETS",
-    "_MOTIF_DROP",
-    "_MOTIF_EXPORT_TARGETS",
-    "_MOTIF_LOSE_SELECTION",
-    "_MOTIF_BINDINGS",
-    "_MOTIF_WM_HINTS",
-    "_MOTIF_WM_INFO",
-    "_MOTIF_WM_MENU",
-    "_MOTIF_WM_MESSAGES",
-    "_MOTIF_WM_OFFSET",
-    "WM_PROTOCOLS",
+    "Customize Data:0", "ATOM_PAIR", "AVERAGE_WIDTH", "PIXEL_SIZE", "RESOLUTION_Y", "WM_DELETE_WINDOW", "_MOTIF_DRAG_ATOMS",
+    "_MOTIF_DRAG_INITIATOR_INFO", "_MOTIF_DRAG_PROXY_WINDOW", "_MOTIF_DRAG_RECEIVER_INFO", "_MOTIF_DRAG_TARGETS",
+    "_MOTIF_DRAG_WINDOW", "CLIPBOARD", "CLIP_TEMPORARY", "COMPOUND_TEXT", "DELETE", "INCR", "INSERT_SELECTION", "LENGTH",
+    "LINK_SELECTION", "MULTIPLE", "NULL", "TARGETS", "TEXT", "TIMESTAMP", "TRANSFER_FAILURE", "TRANSFER_SUCCESS", "WM_STATE",
+    "_MOTIF_ATOM_0", "_MOTIF_CLIP_DATA_DELETE", "_MOTIF_CLIP_DATA_REQUEST", "_MOTIF_CLIP_HEADER",
+    "_MOTIF_CLIP_LOCK_ACCESS_VALID", "_MOTIF_CLIP_MESSAGE", "_MOTIF_CLIP_NEXT_ID", "_MOTIF_CLIP_TIME",
+    "_MOTIF_CLIPBOARD_TARGETS", "_MOTIF_DESTINATION", "_MOTIF_DRAG_OFFSET", "_MOTIF_DEFERRED_CLIPBOARD_TARGETS",
+    "_MOTIF_DROP", "_MOTIF_EXPORT_TARGETS", "_MOTIF_LOSE_SELECTION", "_MOTIF_BINDINGS", "_MOTIF_WM_HINTS", "_MOTIF_WM_INFO",
+    "_MOTIF_WM_MENU", "_MOTIF_WM_MESSAGES", "_MOTIF_WM_OFFSET", "WM_PROTOCOLS",
 
-    "_MOTIF_DEFAULT_BINDINGS",   // virtual keys
-    "WM_LOCALE_NAME",
-    "WM_CLIENT_LEADER",   // Xt, for every application shell
-    "UTF8_STRING",
-    "UTF-8",   // text widgets: the locale's encoding
-    "CHARSET_REGISTRY",
-    "ISO8859",        // the first string drawn in a core font
-    "_WM_QUIT_APP",   // our windows' protocols
-    "_NET_WM_NAME",
-    "_NET_WM_ICON_NAME",
-    "_NET_WM_PID",   // our windows' properties
+    "_MOTIF_DEFAULT_BINDINGS",                            // virtual keys
+    "WM_LOCALE_NAME", "WM_CLIENT_LEADER",                 // Xt, for every application shell
+    "UTF8_STRING", "UTF-8",                               // text widgets: the locale's encoding
+    "CHARSET_REGISTRY", "ISO8859",                        // the first string drawn in a core font
+    "_WM_QUIT_APP",                                       // our windows' protocols
+    "_NET_WM_NAME", "_NET_WM_ICON_NAME", "_NET_WM_PID",   // our windows' properties
 };
+// clang-format on
 
 void internAtoms(Display* display)
 {
@@ -104,9 +60,9 @@ bool motifIsTheOneWeKnow() { return xmUseVersion == XmVersion; }
 
 }   // namespace
 
-void prepareDisplay(Display* display, const char* programName, const char* className)
+void prepareDisplay(Display* display)
 {
-    const Program program{programName, className};
+    const Program program = programOf(display);
     internAtoms(display);
     doWithoutPaletteServer(display, program);
     if (motifIsTheOneWeKnow()) {

@@ -21,8 +21,6 @@ namespace lm {
 /// Each step stands alone and changes nothing that a program or its user can see, but the time. Two of them read Motif's
 /// records; they are left out when the Motif we run with is not the one we were compiled for. Where a step does not
 /// apply (another visual, another Motif), all works as in plain Motif, only slower. Do not add steps that ask the server.
-///
-/// `programName` and `className` are those of XtGetApplicationNameAndClass.
-void prepareDisplay(Display* display, const char* programName, const char* className);
+void prepareDisplay(Display* display);
 
 }   // namespace lm

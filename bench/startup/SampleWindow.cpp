@@ -1,13 +1,13 @@
 #include "SampleWindow.h"
 
 #include <Xm/CascadeB.h>
-#include <Xm/MainW.h>
 #include <Xm/PushB.h>
 #include <Xm/RowColumn.h>
 #include <Xm/Text.h>
 #include <Xm/Xm.h>
 
 #include <string>
+#include <string_view>
 
 static void makeButtons(Widget parent, const char* prefix, int count)
 {
@@ -15,7 +15,7 @@ static void makeButtons(Widget parent, const char* prefix, int count)
         XtManageChild(XmCreatePushButton(parent, (prefix + std::to_string(i)).data(), nullptr, 0));
 }
 
-static Widget makeMenuBar(Widget parent)
+static void makeMenuBar(Widget parent)
 {
     Widget bar = XmCreateMenuBar(parent, std::string("menuBar").data(), nullptr, 0);
     for (int i = 0; i < 5; ++i) {
@@ -25,7 +25,6 @@ static Widget makeMenuBar(Widget parent)
         XtVaCreateManagedWidget(name.c_str(), xmCascadeButtonWidgetClass, bar, XmNsubMenuId, pane, nullptr);
     }
     XtManageChild(bar);
-    return bar;
 }
 
 static Widget makeText(Widget parent, const char* name)
@@ -36,16 +35,21 @@ static Widget makeText(Widget parent, const char* name)
     return text;
 }
 
-void makeSampleWindow(Widget shell)
+Widget makeSampleView(Widget mainWindow)
 {
-    Widget window = XtVaCreateManagedWidget("mainWindow", xmMainWindowWidgetClass, shell, nullptr);
-    makeMenuBar(window);
-    Widget column = XtVaCreateManagedWidget("column", xmRowColumnWidgetClass, window, nullptr);
-    Widget text = makeText(column, "text");
-    XmTextSetString(text, std::string("hello, world\n").data());
-    Widget buttons = XtVaCreateManagedWidget("buttons", xmRowColumnWidgetClass, column, XmNorientation, XmHORIZONTAL, XmNpacking,
+    makeMenuBar(mainWindow);
+    Widget view = XtVaCreateWidget("view", xmRowColumnWidgetClass, mainWindow, nullptr);
+    XmTextSetString(makeText(view, "text"), std::string("hello, world\n").data());
+    Widget buttons = XtVaCreateManagedWidget("buttons", xmRowColumnWidgetClass, view, XmNorientation, XmHORIZONTAL, XmNpacking,
                                              XmPACK_COLUMN, XmNnumColumns, 4, nullptr);
     makeButtons(buttons, "button", 20);
+    return view;
 }
 
-void addScrolledText(Widget shell) { makeText(XtNameToWidget(shell, "*column"), "another"); }
+static void addText(XtPointer view, XtIntervalId*) { makeText(static_cast<Widget>(view), "another"); }
+
+void obeyArguments(int argc, char** argv, Widget view)
+{
+    if (argc > 1 && std::string_view(argv[1]) == "later")
+        XtAppAddTimeOut(XtWidgetToApplicationContext(view), 100, addText, view);
+}

@@ -1,0 +1,34 @@
+// GalleryWindow.h: the gallery's window: a list of pages on the left, the chosen page on the right.
+#pragma once
+
+#include "ApplicationPage.h"
+#include "Page.h"
+
+#include <Lm/LmWindow.h>
+
+#include <Xm/List.h>
+
+#include <memory>
+#include <vector>
+
+class GalleryWindow : public LmWindow {
+public:
+    GalleryWindow();
+
+    const char* className() override { return "GalleryWindow"; }
+    Widget setUpInterface(Widget parent) override;
+    Boolean okToQuit() override { return !_applicationPage || _applicationPage->mayClose(); }
+
+    int pageCount() const { return static_cast<int>(_pages.size()); }
+    const Page& page(int index) const { return *_pages[static_cast<size_t>(index)]; }
+    /// Shows one page, 0..pageCount()-1.
+    void choose(int index);
+
+private:
+    void chosen(XmListCallbackStruct* choice) { choose(choice->item_position - 1); }
+    void addPages();
+
+    Widget _list = nullptr, _deck = nullptr;
+    std::vector<std::unique_ptr<Page>> _pages;
+    ApplicationPage* _applicationPage = nullptr;   // one of them
+};
