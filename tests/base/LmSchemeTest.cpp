@@ -138,8 +138,13 @@ TEST_F(SchemeOnScreen, FiftyMegabytesAreAScheme)
 // --- the dump -----------------------------------------------------------------------------------------------------------
 
 struct SchemeDump : OnScreen {
-    SchemeDump() { fs::remove_all(dump); }
-    ~SchemeDump() override { fs::remove_all(dump); }
+    SchemeDump() { removeAll(); }
+    ~SchemeDump() override { removeAll(); }
+    void removeAll() const
+    {
+        for (const std::string& name : leftOver())
+            fs::remove_all(name);
+    }
     /// Everything in the dump's folder whose name begins like the dump's.
     std::vector<std::string> leftOver() const
     {

@@ -98,6 +98,9 @@ TEST_F(IconOnScreen, TheIconIsAWindowAndAPropertyOnceThereIsAWindow)
     XWindowAttributes attributes{};
     ASSERT_TRUE(XGetWindowAttributes(app().display(), iconWindowOf(early), &attributes));
     EXPECT_EQ(attributes.width, 2);
+
+    XMoveWindow(app().display(), XtWindow(early), 70, 70);   // the first event alone sets the property
+    settle();
     XtDestroyWidget(early);
     XtDestroyWidget(late);
 }
