@@ -43,8 +43,8 @@ static bool choosesFont(XrmQuark name)
 }
 
 /// Puts one entry into the database that `copy` points to, unless it chooses a font; False goes on to the next entry.
-static Bool copyUnlessFont(XrmDatabase*, XrmBindingList bindings, XrmQuarkList names, XrmRepresentation* type,
-                           XrmValue* value, XPointer copy) noexcept
+static Bool copyUnlessFont(XrmDatabase*, XrmBindingList bindings, XrmQuarkList names, XrmRepresentation* type, XrmValue* value,
+                           XPointer copy) noexcept
 {
     XrmQuarkList last = names;
     while (last[1] != NULLQUARK)

@@ -74,8 +74,8 @@ static lm::XrmOwner findScheme(const std::string& name)
 static void informMotif(Display* display)
 {
     const char* const rows[][2] = {{XmNenableThinThickness, XmCEnableThinThickness},
-                                              {XmNenableEtchedInMenu, XmCEnableEtchedInMenu},
-                                              {XmNenableToggleVisual, XmCEnableToggleVisual}};
+                                   {XmNenableEtchedInMenu, XmCEnableEtchedInMenu},
+                                   {XmNenableToggleVisual, XmCEnableToggleVisual}};
     for (const auto& [name, className] : rows) {
         const auto value = programResource(display, name, className);
         if (value)

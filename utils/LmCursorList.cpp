@@ -10,9 +10,9 @@
 #include <array>
 
 LmCursorList::LmCursorList(int numCursors)
-    : _numCursors(std::max(numCursors, 0)), _cursors(new Cursor[static_cast<std::size_t>(_numCursors)]())
-{
-}
+    : _numCursors(std::max(numCursors, 0)),
+      _cursors(new Cursor[static_cast<std::size_t>(_numCursors)]())
+{}
 
 LmCursorList::~LmCursorList() = default;
 

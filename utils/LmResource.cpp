@@ -43,10 +43,14 @@ template <class T> T valueAt(const void* address)
 std::int64_t asWord(const void* address, std::size_t size)
 {
     switch (size) {
-    case 8: return valueAt<std::int64_t>(address);
-    case 4: return valueAt<std::int32_t>(address);
-    case 2: return valueAt<std::int16_t>(address);
-    default: return valueAt<signed char>(address);
+    case 8:
+        return valueAt<std::int64_t>(address);
+    case 4:
+        return valueAt<std::int32_t>(address);
+    case 2:
+        return valueAt<std::int16_t>(address);
+    default:
+        return valueAt<signed char>(address);
     }
 }
 
@@ -67,12 +71,15 @@ std::size_t sizeOfType(std::string_view type)
         std::string_view type;
         std::size_t size;
     };
-    static constexpr Row rows[] = {{"Boolean", 1},    {"Pixel", 8},     {"Int", 4},        {"String", 8},   {"Bool", 4},
-                                   {"Dimension", 2},  {"Position", 2},  {"Short", 2},      {"XmString", 8}, {"Cursor", 8},
-                                   {"Pixmap", 8},     {"Float", 4},     {"Cardinal", 4},   {"Font", 8},     {"FontList", 8},
-                                   {"FontStruct", 8}, {"Atom", 8},      {"Orientation", 1}, {"KeySym", 8},   {"RenderTable", 8},
-                                   {"UnsignedChar", 1}, {"HorizontalDimension", 2}, {"VerticalDimension", 2},
-                                   {"HorizontalPosition", 2}, {"VerticalPosition", 2}};
+    // clang-format off
+    static constexpr Row rows[] = {   // the commonest first
+        {"Boolean", 1}, {"Pixel", 8}, {"Int", 4}, {"String", 8}, {"Dimension", 2}, {"Position", 2}, {"XmString", 8},
+        {"Bool", 4}, {"Float", 4}, {"Cardinal", 4},
+        {"Short", 2}, {"HorizontalDimension", 2}, {"VerticalDimension", 2}, {"HorizontalPosition", 2}, {"VerticalPosition", 2},
+        {"Orientation", 1}, {"UnsignedChar", 1},
+        {"Cursor", 8}, {"Pixmap", 8}, {"Font", 8}, {"FontList", 8}, {"FontStruct", 8}, {"RenderTable", 8}, {"Atom", 8},
+        {"KeySym", 8}};
+    // clang-format on
     const auto* row = std::ranges::find(rows, type, &Row::type);
     return row != std::end(rows) ? row->size : 0;
 }
@@ -88,8 +95,8 @@ std::int64_t lookUpOwn(Widget w, const char* name, const char* className, const 
     if (isRefused(type))
         return 0;
     Word word{.eight = 0};
-    XtResource row{lm::xtText(name), lm::xtText(className),   lm::xtText(type),
-                   static_cast<Cardinal>(size), 0, lm::xtText(defaultType), const_cast<void*>(defaultValue)};
+    XtResource row{lm::xtText(name),        lm::xtText(className),          lm::xtText(type), static_cast<Cardinal>(size), 0,
+                   lm::xtText(defaultType), const_cast<void*>(defaultValue)};
     XtGetSubresources(w, &word, nullptr, nullptr, &row, 1, nullptr, 0);
     return asWord(&word, size);
 }
@@ -256,8 +263,8 @@ void* LmGetResource(Widget w, const char* name, const char* className, const cha
     return asPointerWord(asWord(value->addr, value->size));
 }
 
-int LmGetResource(Widget w, const char* name, const char* className, const char* type, const char* defaultValue,
-                  void* result, unsigned int resultSize)
+int LmGetResource(Widget w, const char* name, const char* className, const char* type, const char* defaultValue, void* result,
+                  unsigned int resultSize)
 {
     if (resultSize == 0)
         return 3;
@@ -300,8 +307,7 @@ char* LmGetResource(const char* name, const char* className)
                            name, className);
 }
 
-char* LmGetDefault(Display* display, const char* programName, const char* programClass, const char* name,
-                   const char* className)
+char* LmGetDefault(Display* display, const char* programName, const char* programClass, const char* name, const char* className)
 {
     return programResource(XrmGetDatabase(display), programName, programClass, name, className);
 }

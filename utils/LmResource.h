@@ -42,8 +42,8 @@ LM_API int LmGetResource(Widget w, const char* name, const char* className, cons
                          void* result, unsigned int resultSize);
 
 /// The same for a value of `size` bytes. Returns 1 for another size than 1, 2, 4 and 8 and for one the type cannot have.
-LM_API int LmGetResource(Widget w, const char* name, const char* className, const char* type, int size,
-                         const char* defaultValue, void* result, unsigned int resultSize);
+LM_API int LmGetResource(Widget w, const char* name, const char* className, const char* type, int size, const char* defaultValue,
+                         void* result, unsigned int resultSize);
 
 /// The value of the program's resource, under its name and application class; null when absent. Owned by the database.
 /// The name and the class in full are cut at 499 bytes each.

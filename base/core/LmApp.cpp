@@ -1,5 +1,6 @@
 #include "LmApp.h"
 
+#include "LmBusyDialog.h"
 #include "LmComponentList.h"
 #include "LmCursorList.h"
 #include "LmFormat.h"
@@ -7,6 +8,7 @@
 #include "LmSimpleWindow.h"
 #include "LmWidgetTools.h"
 #include "base/core/AppDefaults.h"
+#include "base/core/EventLoop.h"
 #include "base/core/PendingEvents.h"
 #include "base/core/RequireApplication.h"
 #include "base/core/SearchPath.h"
@@ -255,17 +257,13 @@ void LmApp::run()
 {
     _iconic = False;
     afterRealizeHook();
-    for (;;) {
-        XEvent event;
-        XtAppNextEvent(_appContext, &event);
-        if (!XtDispatchEvent(&event))
-            handleRawEvent(&event);
-    }
+    for (;;)
+        lm::dispatchNextEvent();
 }
 
 void LmApp::handlePendingEvents()
 {
-    lm::PendingEvents(_display, _appContext).handle([this](XEvent* event) { handleRawEvent(event); });
+    lm::PendingEvents(_display, _appContext).handle();
 }
 
 void LmApp::handleRawEvent(XEvent* event)
@@ -298,10 +296,12 @@ void LmApp::quitYourself()
 
 // --- busy state and cursors --------------------------------------------------------------------------------------------
 
-void LmApp::busy(const char*, LmSimpleWindow*)
+void LmApp::busy(const char* message, LmSimpleWindow* parent)
 {
     if (++_busyCount == 1)
         enterBusyState();
+    if (message)
+        getTheBusyDialog()->postModal(message, nullptr, nullptr, nullptr, nullptr, nullptr, parent, nullptr);
     if (_baseWidget)
         XmUpdateDisplay(_baseWidget);
 }
@@ -321,6 +321,7 @@ void LmApp::notBusy()
 {
     if (--_busyCount > 0)
         return;
+    getTheBusyDialog()->unpost();
     leaveBusyState();
 }
 
@@ -333,10 +334,12 @@ void LmApp::leaveBusyState()
     setPopupCursors(_baseWidget, normalCursor());
 }
 
-void LmApp::progressing(const char*)
+void LmApp::progressing(const char* message)
 {
     if (_busyCount == 0)
         return;
+    if (message)
+        getTheBusyDialog()->post(message);
     Cursor cursor = _busyCursor;
     if (!cursor && _busyCursors)
         cursor = _busyCursors->next();
@@ -383,6 +386,8 @@ void LmApp::createNormalCursor()
     _normalCursor = XCreateFontCursor(_display, XC_left_ptr);
     XRecolorCursor(_display, _normalCursor, &colors[0], &colors[1]);
 }
+
+void LmApp::setBusyDialog(LmBusyDialog* dialog) { LmBusyDialog::setBusyDialog(dialog); }
 
 void LmApp::setNormalCursor(Cursor cursor)
 {

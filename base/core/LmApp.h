@@ -117,6 +117,9 @@ public:
     /// Shows a cursor on every shell of the application; None: the one of the present state.
     void showCursor(Cursor cursor);
 
+    /// Has later busy states use another busy dialog (not owned); null: the default one.
+    void setBusyDialog(LmBusyDialog* dialog);
+
     /// Sets the text of the Version entry of help panes; the text is also the name of the resource (class
     /// "VersionString") that may replace it.
     void setVersionString(const char* text);

@@ -18,8 +18,10 @@ int WhichDisplay(Display* display)
     switch (DefaultVisual(display, DefaultScreen(display))->c_class) {
     case StaticGray:
     case GrayScale:
-    case PseudoColor: return 0;
-    default: return 1;
+    case PseudoColor:
+        return 0;
+    default:
+        return 1;
     }
 }
 

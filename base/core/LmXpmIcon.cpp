@@ -78,13 +78,25 @@ void reportStatus(int status)
 {
     switch (status) {
     case XpmColorError:
-    case XpmColorFailed: std::fputs("XpmColorError: Fail to allocate color for icon\n", stdout); return;
-    case XpmNoMemory: std::fputs("XpmNoMemory: Not enough memory to load icon file\n", stdout); return;
-    case XpmFileInvalid: std::fputs("XpmFileInvalid: Invalid icon file format\n", stdout); return;
-    case XpmOpenFailed: return;   // most programs have no icon
-    default: std::printf("loadXpmIcon: unknown errorStatus: %d\n", status); return;
+    case XpmColorFailed:
+        std::fputs("XpmColorError: Fail to allocate color for icon\n", stdout);
+        return;
+    case XpmNoMemory:
+        std::fputs("XpmNoMemory: Not enough memory to load icon file\n", stdout);
+        return;
+    case XpmFileInvalid:
+        std::fputs("XpmFileInvalid: Invalid icon file format\n", stdout);
+        return;
+    case XpmOpenFailed:
+        return;   // most programs have no icon
+    default:
+        std::printf("loadXpmIcon: unknown errorStatus: %d\n", status);
+        return;
     }
 }
+
+/// Places on the server have 16 bits; Xlib would cut a larger size and not complain.
+bool fitsServer(const Picture& picture) { return std::max(picture.width, picture.height) <= 32767; }
 
 /// The picture as a pixmap for the shell's screen, and its colours; None after a message.
 Pixmap createPixmap(Widget shell, Picture& picture, Palette& palette)
@@ -99,7 +111,9 @@ Pixmap createPixmap(Widget shell, Picture& picture, Palette& palette)
     attributes.color_closure = &palette;
     lm::XErrorTrap trap(display);   // the server may have no room for the pixmap
     const Window root = RootWindowOfScreen(XtScreen(shell));
-    const int status = XpmCreatePixmapFromXpmImage(display, root, &picture, &pixmap, &mask, &attributes);
+    int status = XpmSuccess;
+    if (fitsServer(picture))
+        status = XpmCreatePixmapFromXpmImage(display, root, &picture, &pixmap, &mask, &attributes);
     XpmFreeAttributes(&attributes);
     const lm::PixmapHandle unused(display, mask);
     lm::PixmapHandle icon(display, pixmap);

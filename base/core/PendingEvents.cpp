@@ -1,5 +1,6 @@
 #include "base/core/PendingEvents.h"
 
+#include "base/core/EventLoop.h"
 #include "support/xt.h"
 
 #include <sys/eventfd.h>
@@ -29,7 +30,7 @@ void lm::PendingEvents::inputRoundBegins()
         _inputMarker = {};
 }
 
-void lm::PendingEvents::handle(const std::function<void(XEvent*)>& untaken)
+void lm::PendingEvents::handle()
 {
     bool eventsTurn = false;   // events and the rest take turns, so that neither starves the other
     while (const XtInputMask pending = XtAppPending(_context)) {
@@ -40,10 +41,7 @@ void lm::PendingEvents::handle(const std::function<void(XEvent*)>& untaken)
             XtAppProcessEvent(_context, pending & otherThanEvents);
             continue;
         }
-        XEvent event;
-        XtAppNextEvent(_context, &event);
         --_eventsLeft;
-        if (!XtDispatchEvent(&event))
-            untaken(&event);
+        dispatchNextEvent();
     }
 }

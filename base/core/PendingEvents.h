@@ -6,7 +6,6 @@
 #include <X11/Intrinsic.h>
 
 #include <chrono>
-#include <functional>
 
 namespace lm {
 
@@ -18,8 +17,7 @@ public:
     PendingEvents(const PendingEvents&) = delete;
     PendingEvents& operator=(const PendingEvents&) = delete;
 
-    /// Events that no widget takes go to `untaken`.
-    void handle(const std::function<void(XEvent*)>& untaken);
+    void handle();
 
 private:
     void timersHandled();

@@ -2,6 +2,7 @@
 
 #include "support/handles.h"
 #include "support/resources.h"
+#include "support/xmtext.h"
 
 #include <X11/Shell.h>
 #include <X11/XKBlib.h>
@@ -239,25 +240,12 @@ void screenshot(const std::string& name)
 
 Widget childNamed(Widget w, const std::string& path) { return XtNameToWidget(w, path.c_str()); }
 
-static std::string plain(XmString text)
-{
-    const lm::XmText newline(XmStringSeparatorCreate());
-    Arg args[] = {{lm::xtText(XmNpattern), reinterpret_cast<XtArgVal>("\n")},
-                  {lm::xtText(XmNsubstitute), reinterpret_cast<XtArgVal>(newline.get())},
-                  {lm::xtText(XmNincludeStatus), XmINSERT}};
-    XmParseMapping mapping = XmParseMappingCreate(args, 3);
-    const lm::XtString result(
-        static_cast<char*>(XmStringUnparse(text, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, &mapping, 1, XmOUTPUT_ALL)));
-    XmParseMappingFree(mapping);
-    return result ? result.get() : "";
-}
-
 std::string textOf(Widget w, const char* resource)
 {
     XmString value = nullptr;
     XtVaGetValues(w, resource, &value, nullptr);
     const lm::XmText owner(value);
-    return value ? plain(value) : "";
+    return lm::plainText(value);
 }
 
 void setResource(const std::string& line)

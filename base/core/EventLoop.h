@@ -1,0 +1,36 @@
+// EventLoop.h: one event, as every loop of the library handles it.
+#pragma once
+
+#include "support/handles.h"
+
+#include <X11/Intrinsic.h>
+
+namespace lm {
+
+/// Dispatches an event, and offers it to the windows when no widget takes it.
+void dispatch(XEvent* event);
+
+/// Waits for the next event and dispatches it. Timers, inputs and work procedures run meanwhile.
+void dispatchNextEvent();
+
+/// A moment that a wait for events does not pass.
+class Deadline {
+public:
+    explicit Deadline(unsigned long milliseconds);
+    Deadline(const Deadline&) = delete;
+    Deadline& operator=(const Deadline&) = delete;
+
+    /// Waits for the next event; false when the moment came first.
+    bool nextEvent(XEvent* event);
+
+private:
+    void passed();
+    void wake() {}
+
+    bool _passed = false;
+    TimerHandle _timer;
+    FileDescriptor _wakeUp;   // Xt runs timers while it waits for an event, but only a ready input ends the wait
+    InputHandle _input;
+};
+
+}   // namespace lm

@@ -1,0 +1,31 @@
+#include "base/dialog/DialogButtons.h"
+
+#include "LmResource.h"
+
+#include <Xm/FileSB.h>
+#include <Xm/MessageB.h>
+#include <Xm/SelectioB.h>
+
+lm::StockDialog::StockDialog(Widget dialog)
+    : _dialog(dialog), _messageBox(XmIsMessageBox(dialog)), _selectionBox(XmIsSelectionBox(dialog))
+{}
+
+bool lm::StockDialog::isFileSelectionBox() const { return XmIsFileSelectionBox(_dialog); }
+
+Widget lm::StockDialog::child(unsigned char which) const
+{
+    return _messageBox ? XmMessageBoxGetChild(_dialog, which) : XmSelectionBoxGetChild(_dialog, which);
+}
+
+void lm::StockDialog::showChild(unsigned char which, bool shown) const { setManaged(child(which), shown); }
+
+void lm::setManaged(Widget w, bool managed)
+{
+    if (w)
+        (managed ? XtManageChild : XtUnmanageChild)(w);
+}
+
+lm::XmText lm::compoundResource(Widget w, const char* name, const char* cls, const char* fallback)
+{
+    return XmText(static_cast<XmString>(LmGetResource(w, name, cls, XmRXmString, fallback)));
+}

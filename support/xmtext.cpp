@@ -1,0 +1,20 @@
+#include "support/xmtext.h"
+
+#include "support/resources.h"
+
+lm::XmText lm::compound(const char* text) { return XmText(XmStringCreateLocalized(xtText(text ? text : ""))); }
+
+std::string lm::plainText(XmString text)
+{
+    if (!text)
+        return {};
+    const XmText newline(XmStringSeparatorCreate());
+    Arg rule[] = {{xtText(XmNpattern), reinterpret_cast<XtArgVal>("\n")},
+                  {xtText(XmNsubstitute), reinterpret_cast<XtArgVal>(newline.get())},
+                  {xtText(XmNincludeStatus), XmINSERT}};
+    XmParseMapping mapping = XmParseMappingCreate(rule, 3);
+    const XtString result(
+        static_cast<char*>(XmStringUnparse(text, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, &mapping, 1, XmOUTPUT_ALL)));
+    XmParseMappingFree(mapping);
+    return result ? result.get() : "";
+}
