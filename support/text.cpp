@@ -24,11 +24,16 @@ static size_t announcedLength(unsigned char first)
 static bool secondFits(unsigned char first, unsigned char second)
 {
     switch (first) {
-    case 0xE0: return second >= 0xA0;
-    case 0xED: return second < 0xA0;
-    case 0xF0: return second >= 0x90;
-    case 0xF4: return second < 0x90;
-    default: return true;
+    case 0xE0:
+        return second >= 0xA0;
+    case 0xED:
+        return second < 0xA0;
+    case 0xF0:
+        return second >= 0x90;
+    case 0xF4:
+        return second < 0x90;
+    default:
+        return true;
     }
 }
 

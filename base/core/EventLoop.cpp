@@ -18,6 +18,57 @@ void lm::dispatchNextEvent()
     dispatch(&event);
 }
 
+namespace {
+
+/// One loop that runs until a condition holds. Xt tells when it is about to block; a loop that is over then gets an event
+/// that means nothing, so that its wait ends. Only the innermost loop does so: the outer ones have to wait for it.
+class ConditionLoop {
+public:
+    explicit ConditionLoop(const std::function<bool()>& over)
+        : _over(over),
+          _outer(innermost),
+          _hook(XtAppAddBlockHook(theApplication->appContext(), aboutToBlock, this))
+    {
+        innermost = this;
+    }
+    ConditionLoop(const ConditionLoop&) = delete;
+    ConditionLoop& operator=(const ConditionLoop&) = delete;
+    ~ConditionLoop()
+    {
+        XtRemoveBlockHook(_hook);
+        innermost = _outer;
+    }
+    void run()
+    {
+        while (!_over())
+            lm::dispatchNextEvent();
+    }
+
+private:
+    static void aboutToBlock(XtPointer self) noexcept
+    {
+        auto* loop = static_cast<ConditionLoop*>(self);
+        if (loop != innermost || !loop->_over())
+            return;
+        XEvent nothing = {};
+        nothing.xclient.type = ClientMessage;
+        nothing.xclient.display = theApplication->display();
+        nothing.xclient.window = XtWindow(theApplication->baseWidget());
+        nothing.xclient.format = 32;
+        XPutBackEvent(theApplication->display(), &nothing);
+    }
+
+    static inline ConditionLoop* innermost = nullptr;
+
+    const std::function<bool()>& _over;
+    ConditionLoop* _outer;
+    XtBlockHookId _hook;
+};
+
+}   // namespace
+
+void lm::dispatchUntil(const std::function<bool()>& over) { ConditionLoop(over).run(); }
+
 lm::Deadline::Deadline(unsigned long milliseconds)
     : _timer(after<&Deadline::passed>(theApplication->appContext(), milliseconds, this)),
       _wakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))

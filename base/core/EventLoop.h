@@ -5,6 +5,8 @@
 
 #include <X11/Intrinsic.h>
 
+#include <functional>
+
 namespace lm {
 
 /// Dispatches an event, and offers it to the windows when no widget takes it.
@@ -12,6 +14,10 @@ void dispatch(XEvent* event);
 
 /// Waits for the next event and dispatches it. Timers, inputs and work procedures run meanwhile.
 void dispatchNextEvent();
+
+/// Dispatches events until the condition holds, whoever made it hold: also a timer, an input or a work procedure, which
+/// alone do not end a wait for events. The condition is asked often and must be cheap. Such loops nest.
+void dispatchUntil(const std::function<bool()>& over);
 
 /// A moment that a wait for events does not pass.
 class Deadline {

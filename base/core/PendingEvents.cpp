@@ -15,11 +15,15 @@ static int queuedEvents(Display* display)
 }
 
 lm::PendingEvents::PendingEvents(Display* display, XtAppContext context)
-    : _context(context), _end(std::chrono::steady_clock::now() + extension), _eventsLeft(queuedEvents(display)),
-      _timerMarker(after<&PendingEvents::timersHandled>(context, 0, this)), _alwaysReady(eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK))
+    : _context(context),
+      _end(std::chrono::steady_clock::now() + extension),
+      _eventsLeft(queuedEvents(display)),
+      _timerMarker(after<&PendingEvents::timersHandled>(context, 0, this)),
+      _alwaysReady(eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK))
 {
     if (_alwaysReady)
-        _inputMarker = InputHandle(whenReady<&PendingEvents::inputRoundBegins>(context, _alwaysReady.get(), XtInputReadMask, this));
+        _inputMarker =
+            InputHandle(whenReady<&PendingEvents::inputRoundBegins>(context, _alwaysReady.get(), XtInputReadMask, this));
 }
 
 void lm::PendingEvents::timersHandled() { _timerMarker.fired(); }

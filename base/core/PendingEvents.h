@@ -26,9 +26,9 @@ private:
 
     XtAppContext _context;
     std::chrono::steady_clock::time_point _end;
-    int _eventsLeft;              // X events that were queued at the start
-    TimerHandle _timerMarker;     // runs after every timer that was due at the start
-    FileDescriptor _alwaysReady;  // Xt serves the ready inputs in rounds: its second turn ends the first round
+    int _eventsLeft;               // X events that were queued at the start
+    TimerHandle _timerMarker;      // runs after every timer that was due at the start
+    FileDescriptor _alwaysReady;   // Xt serves the ready inputs in rounds: its second turn ends the first round
     InputHandle _inputMarker;
     int _inputRounds = 0;
 };

@@ -7,7 +7,9 @@
 #include <Xm/SelectioB.h>
 
 lm::StockDialog::StockDialog(Widget dialog)
-    : _dialog(dialog), _messageBox(XmIsMessageBox(dialog)), _selectionBox(XmIsSelectionBox(dialog))
+    : _dialog(dialog),
+      _messageBox(XmIsMessageBox(dialog)),
+      _selectionBox(XmIsSelectionBox(dialog))
 {}
 
 bool lm::StockDialog::isFileSelectionBox() const { return XmIsFileSelectionBox(_dialog); }

@@ -294,8 +294,8 @@ void LmDialogManager::fillButtons(Widget dialog, XtCallbackProc okCB, XtCallback
     XtAddCallback(dialog, XmNcancelCallback, cancelXtCallback, this);
     addIfGiven(dialog, XmNcancelCallback, cancelCB, clientData);
     if (showCancel)
-        XtVaSetValues(dialog, XmNcancelLabelString,
-                      buttonLabel(dialog, _cancelLabel, "cancelLabelString", "Cancel").get(), nullptr);
+        XtVaSetValues(dialog, XmNcancelLabelString, buttonLabel(dialog, _cancelLabel, "cancelLabelString", "Cancel").get(),
+                      nullptr);
     stock.showChild(XmDIALOG_CANCEL_BUTTON, showCancel);
 
     Widget applyButton = applyButtonOf(dialog, showApply);
@@ -303,8 +303,8 @@ void LmDialogManager::fillButtons(Widget dialog, XtCallbackProc okCB, XtCallback
     const char* list = stock.isSelectionBox() ? XmNapplyCallback : XmNactivateCallback;
     if (showApply) {
         const bool filters = stock.isFileSelectionBox();
-        const lm::XmText label = buttonLabel(dialog, _applyLabel, filters ? "filterLabelString" : "applyLabelString",
-                                             filters ? "Filter" : "Apply");
+        const lm::XmText label =
+            buttonLabel(dialog, _applyLabel, filters ? "filterLabelString" : "applyLabelString", filters ? "Filter" : "Apply");
         XtVaSetValues(caller, stock.isSelectionBox() ? XmNapplyLabelString : XmNlabelString, label.get(), nullptr);
     }
     lm::setManaged(applyButton, showApply);
@@ -348,8 +348,7 @@ Widget LmDialogManager::post(const char* message, XtCallbackProc okCB, XtCallbac
 }
 
 Widget LmDialogManager::postModal(const char* message, XtCallbackProc okCB, XtCallbackProc cancelCB, XtCallbackProc applyCB,
-                                  XtPointer clientData, const char* helpString, LmSimpleWindow* parentWindow,
-                                  Widget parentWidget)
+                                  XtPointer clientData, const char* helpString, LmSimpleWindow* parentWindow, Widget parentWidget)
 {
     _parentWidget = parentWidget;
     Widget dialog = prepost(message, okCB, cancelCB, applyCB, clientData, helpString, parentWindow);
@@ -429,8 +428,8 @@ LmDialogManager::LmDialogReason LmDialogManager::postAndWait(const char* message
 void LmDialogManager::untilAnswered(Wait& wait)
 {
     const lm::Watch here(liveness());
-    while (here && wait.watch && (_keepPosted ? wait.answer == REASON_NONE : XtIsManaged(wait.dialog) != False))
-        lm::dispatchNextEvent();
+    lm::dispatchUntil(
+        [&] { return !here || !wait.watch || (_keepPosted ? wait.answer != REASON_NONE : !XtIsManaged(wait.dialog)); });
     if (here)
         std::erase(_waits, &wait);
 }

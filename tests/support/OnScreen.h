@@ -80,9 +80,9 @@ int exitStatusOf(const std::function<void()>& action);
 struct Heard {
     Heard(LmCallbackObject& object, const char* name)
     {
-        object.addCallback(name, [](LmCallbackObject*, void* me, void* data) {
-            static_cast<Heard*>(me)->values.push_back(lm::asInt(data));
-        }, this);
+        object.addCallback(
+            name, [](LmCallbackObject*, void* me, void* data) { static_cast<Heard*>(me)->values.push_back(lm::asInt(data)); },
+            this);
     }
     std::vector<int> values;
 };
