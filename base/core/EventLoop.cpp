@@ -1,9 +1,6 @@
 #include "base/core/EventLoop.h"
 
 #include "LmApp.h"
-#include "support/xt.h"
-
-#include <sys/eventfd.h>
 
 void lm::dispatch(XEvent* event)
 {
@@ -38,10 +35,15 @@ public:
         XtRemoveBlockHook(_hook);
         innermost = _outer;
     }
-    void run()
+    void run(const std::function<void(const XEvent&)>& seen)
     {
-        while (!_over())
-            lm::dispatchNextEvent();
+        while (!_over()) {
+            XEvent event;
+            XtAppNextEvent(theApplication->appContext(), &event);
+            if (seen)
+                seen(event);
+            lm::dispatch(&event);
+        }
     }
 
 private:
@@ -67,34 +69,7 @@ private:
 
 }   // namespace
 
-void lm::dispatchUntil(const std::function<bool()>& over) { ConditionLoop(over).run(); }
-
-lm::Deadline::Deadline(unsigned long milliseconds)
-    : _timer(after<&Deadline::passed>(theApplication->appContext(), milliseconds, this)),
-      _wakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+void lm::dispatchUntil(const std::function<bool()>& over, const std::function<void(const XEvent&)>& seen)
 {
-    if (_wakeUp)
-        _input = InputHandle(whenReady<&Deadline::wake>(theApplication->appContext(), _wakeUp.get(), XtInputReadMask, this));
-}
-
-void lm::Deadline::passed()
-{
-    _timer.fired();
-    _passed = true;
-    if (_wakeUp)
-        eventfd_write(_wakeUp.get(), 1);
-}
-
-bool lm::Deadline::nextEvent(XEvent* event)
-{
-    XtAppContext context = theApplication->appContext();
-    while (!_passed) {
-        if (XtAppPeekEvent(context, event)) {
-            XtAppNextEvent(context, event);
-            return true;
-        }
-        if (!_passed)
-            XtAppProcessEvent(context, XtIMAlternateInput);
-    }
-    return false;
+    ConditionLoop(over).run(seen);
 }

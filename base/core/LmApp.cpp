@@ -262,7 +262,11 @@ void LmApp::run()
         lm::dispatchNextEvent();
 }
 
-void LmApp::handlePendingEvents() { lm::PendingEvents(_display, _appContext).handle(); }
+void LmApp::handlePendingEvents()
+{
+    XSync(_display, False);
+    lm::PendingEvents(_appContext).handle();
+}
 
 void LmApp::handleRawEvent(XEvent* event)
 {

@@ -27,6 +27,15 @@ void lm::setManaged(Widget w, bool managed)
         (managed ? XtManageChild : XtUnmanageChild)(w);
 }
 
+void lm::setText(Widget w, const char* resource, XmString text)
+{
+    XmString present = nullptr;
+    XtVaGetValues(w, resource, &present, nullptr);
+    const XmText owner(present);
+    if (!present || !XmStringByteCompare(present, text))
+        XtVaSetValues(w, resource, text, nullptr);
+}
+
 lm::XmText lm::compoundResource(Widget w, const char* name, const char* cls, const char* fallback)
 {
     return XmText(static_cast<XmString>(LmGetResource(w, name, cls, XmRXmString, fallback)));
