@@ -19,7 +19,7 @@ const char* LmFormat(const char* format, ...)
 
     std::size_t kept = length < 0 ? 0 : static_cast<std::size_t>(length);
     if (kept >= fresh.size())
-        kept = lm::utf8Prefix(fresh.data(), fresh.size() - 1).size();
+        kept = lm::withoutPartialEnd({fresh.data(), fresh.size() - 1}).size();
     std::memcpy(result.data(), fresh.data(), kept);
     result[kept] = '\0';
     return result.data();

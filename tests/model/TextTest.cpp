@@ -24,5 +24,6 @@ TEST(TextModel, APrefixCutsNoCharacter)
     EXPECT_EQ(lm::utf8Prefix("a\xc3\xa4z", 2), "a");
     EXPECT_EQ(lm::utf8Prefix("a\xc3\xa4z", 3), "a\xc3\xa4");
     EXPECT_EQ(lm::utf8Prefix("\xf0\x9f\x98\x80", 3), "");
+    EXPECT_EQ(lm::withoutPartialEnd("a\xe2\x82"), "a");
     EXPECT_EQ(lm::utf8Prefix("\x80\x80\x80\x80\x80\x80", 5).size(), 5U);   // no text at all: cut as asked
 }
