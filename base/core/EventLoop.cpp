@@ -21,20 +21,15 @@ namespace {
 /// that means nothing, so that its wait ends. Only the innermost loop does so: the outer ones have to wait for it.
 class ConditionLoop {
 public:
-    explicit ConditionLoop(const std::function<bool()>& over)
-        : _over(over),
-          _outer(innermost),
-          _hook(XtAppAddBlockHook(theApplication->appContext(), aboutToBlock, this))
+    explicit ConditionLoop(const std::function<bool()>& over) : _over(over), _outer(innermost)
     {
+        static const XtBlockHookId hook = XtAppAddBlockHook(theApplication->appContext(), aboutToBlock, nullptr);
+        static_cast<void>(hook);   // stays: libXt frees no hook that is removed
         innermost = this;
     }
     ConditionLoop(const ConditionLoop&) = delete;
     ConditionLoop& operator=(const ConditionLoop&) = delete;
-    ~ConditionLoop()
-    {
-        XtRemoveBlockHook(_hook);
-        innermost = _outer;
-    }
+    ~ConditionLoop() { innermost = _outer; }
     void run(const std::function<void(const XEvent&)>& seen)
     {
         while (!_over()) {
@@ -47,10 +42,9 @@ public:
     }
 
 private:
-    static void aboutToBlock(XtPointer self) noexcept
+    static void aboutToBlock(XtPointer) noexcept
     {
-        auto* loop = static_cast<ConditionLoop*>(self);
-        if (loop != innermost || !loop->_over())
+        if (!innermost || !innermost->_over())
             return;
         XEvent nothing = {};
         nothing.xclient.type = ClientMessage;
@@ -64,7 +58,6 @@ private:
 
     const std::function<bool()>& _over;
     ConditionLoop* _outer;
-    XtBlockHookId _hook;
 };
 
 }   // namespace

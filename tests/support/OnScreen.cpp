@@ -314,6 +314,15 @@ int exitStatusOf(const std::function<void()>& action)
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
+int reducedInSanitizer(int times)
+{
+#ifdef __SANITIZE_ADDRESS__
+    return times / 10;
+#else
+    return times;
+#endif
+}
+
 // --- the fixture -------------------------------------------------------------------------------------------------------
 
 OnScreen::OnScreen() { app(); }
