@@ -24,7 +24,7 @@ public:
     explicit ConditionLoop(const std::function<bool()>& over) : _over(over), _outer(innermost)
     {
         static const XtBlockHookId hook = XtAppAddBlockHook(theApplication->appContext(), aboutToBlock, nullptr);
-        static_cast<void>(hook);   // stays: libXt frees no hook that is removed
+        static_cast<void>(hook);   // one for all loops: it costs nothing while none runs
         innermost = this;
     }
     ConditionLoop(const ConditionLoop&) = delete;
