@@ -492,7 +492,7 @@ void LmDialogManager::waitForDialog(Widget dialog, LmSimpleWindow* parentWindow,
 
 // --- answers -----------------------------------------------------------------------------------------------------------
 
-void LmDialogManager::answer(Widget dialog, LmDialogReason reason)
+void LmDialogManager::recordAnswer(Widget dialog, LmDialogReason reason)
 {
     _action = reason;
     for (Wait* wait : _waits) {
@@ -503,19 +503,19 @@ void LmDialogManager::answer(Widget dialog, LmDialogReason reason)
 
 void LmDialogManager::ok(Widget dialog, XtPointer)
 {
-    answer(dialog, REASON_OK);
+    recordAnswer(dialog, REASON_OK);
     if (!_keepPosted)
         unpost(dialog);
 }
 
 void LmDialogManager::cancel(Widget dialog, XtPointer)
 {
-    answer(dialog, REASON_CANCEL);
+    recordAnswer(dialog, REASON_CANCEL);
     if (!_keepPosted)
         unpost(dialog);
 }
 
-void LmDialogManager::apply(Widget dialog, XtPointer) { answer(dialog, REASON_APPLY); }
+void LmDialogManager::apply(Widget dialog, XtPointer) { recordAnswer(dialog, REASON_APPLY); }
 
 void LmDialogManager::okXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept
 {
