@@ -13,19 +13,20 @@ static std::size_t agreement(std::string_view a, std::string_view b)
     return static_cast<std::size_t>(std::ranges::mismatch(a, b).in1 - a.begin());
 }
 
+static std::string_view viewOf(const std::string& name) { return name; }
+
 /// The names that begin with the prefix; in a sorted set they stand together.
 static Names beginningWith(Names names, std::string_view prefix)
 {
-    const auto first = std::ranges::lower_bound(names, prefix, {}, [](const std::string& name) { return std::string_view(name); });
-    const auto last = std::partition_point(first, names.end(),
-                                           [=](const std::string& name) { return name.starts_with(prefix); });
+    const auto first = std::ranges::lower_bound(names, prefix, {}, viewOf);
+    const auto last = std::partition_point(first, names.end(), [=](const auto& name) { return name.starts_with(prefix); });
     return {first, last};
 }
 
 /// The longest start of the text that some name begins with. The names that agree most are those beside its own place.
 static std::string_view knownPart(Names names, std::string_view text)
 {
-    const auto place = std::ranges::lower_bound(names, text, {}, [](const std::string& name) { return std::string_view(name); });
+    const auto place = std::ranges::lower_bound(names, text, {}, viewOf);
     std::size_t known = 0;
     if (place != names.end())
         known = agreement(text, *place);

@@ -51,7 +51,9 @@ void LmListSearch::iconListSelectPos(Widget list, int position, char* data) { xm
 // --- the object --------------------------------------------------------------------------------------------------------
 
 LmListSearch::LmListSearch(Widget list, Widget text, Boolean iconList)
-    : _list(list), _text(text), _setPos(iconList ? iconListSetPos : xmListSetPos),
+    : _list(list),
+      _text(text),
+      _setPos(iconList ? iconListSetPos : xmListSetPos),
       _setMiddlePos(iconList ? iconListSetMiddlePos : xmListSetMiddlePos),
       _isViewablePos(iconList ? iconListIsViewablePos : xmListIsViewablePos),
       _deselectAllItems(iconList ? iconListDeselectAllItems : xmListDeselectAllItems),

@@ -100,8 +100,8 @@ static bool hasProperty(Display* display, Window window, Atom property)
     int format = 0;
     unsigned long items = 0, left = 0;
     unsigned char* data = nullptr;
-    const int status = XGetWindowProperty(display, window, property, 0, 0, False, AnyPropertyType, &type, &format, &items, &left,
-                                          &data);
+    const int status =
+        XGetWindowProperty(display, window, property, 0, 0, False, AnyPropertyType, &type, &format, &items, &left, &data);
     const lm::XString owner(reinterpret_cast<char*>(data));
     return status == Success && type != None;
 }

@@ -13,8 +13,7 @@
 const char* const LmCompletionField::enterCallback = "enterCallback";
 bool LmCompletionField::_completing = false;
 
-LmCompletionField::LmCompletionField(const char* name, Widget parent)
-    : LmComponent(name), _names(std::make_unique<LmNameList>())
+LmCompletionField::LmCompletionField(const char* name, Widget parent) : LmComponent(name), _names(std::make_unique<LmNameList>())
 {
     _w = XmCreateTextField(parent, lm::xtText(this->name()), nullptr, 0);
     installDestroyHandler();

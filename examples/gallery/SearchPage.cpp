@@ -18,11 +18,13 @@ static constexpr int margin = 10;
 /// Ten thousand places, each once: 10 x 40 x 25.
 static LmNameList places()
 {
-    static const char* const sides[] = {"", "North ", "South ", "East ", "West ", "Great ", "Little ", "Upper ", "Lower ", "Old "};
-    static const char* const stems[] = {"Alder",  "Amber",  "Ash",   "Beck",   "Birch", "Black", "Bram",  "Brook", "Cald",  "Cam",
-                                        "Chester", "Clay",  "Cold",  "Copper", "Dun",   "Elm",   "Fair",  "Fern",  "Glen",  "Hart",
-                                        "Hazel",  "Holly",  "Kings", "Lang",   "Mill",  "Moor",  "Oak",   "Otter", "Pen",   "Raven",
-                                        "Red",    "Rowan",  "Salt",  "Shep",   "Stan",  "Thorn", "Wal",   "West",  "White", "Wood"};
+    static const char* const sides[] = {"",       "North ",  "South ", "East ",  "West ",
+                                        "Great ", "Little ", "Upper ", "Lower ", "Old "};
+    static const char* const stems[] = {"Alder", "Amber", "Ash",     "Beck",  "Birch", "Black",  "Bram",  "Brook",
+                                        "Cald",  "Cam",   "Chester", "Clay",  "Cold",  "Copper", "Dun",   "Elm",
+                                        "Fair",  "Fern",  "Glen",    "Hart",  "Hazel", "Holly",  "Kings", "Lang",
+                                        "Mill",  "Moor",  "Oak",     "Otter", "Pen",   "Raven",  "Red",   "Rowan",
+                                        "Salt",  "Shep",  "Stan",    "Thorn", "Wal",   "West",   "White", "Wood"};
     static const char* const ends[] = {"bank",  "borough", "bridge", "brook", "bury", "by",   "cliff", "combe", "dale",
                                        "den",   "field",   "ford",   "gate",  "ham",  "hill", "holm",  "hurst", "leigh",
                                        "mouth", "ridge",   "stead",  "ton",   "well", "wick", "worth"};

@@ -134,9 +134,12 @@ TEST(CompleterModel, CompletesShortensAndTellsWhatIsUnique)
 {
     const char* names[] = {"beta", "alphabet", "\xC3\xA4rger", "alpha", nullptr, "never"};
     LmCompleter completer(names);
-    for (const auto& [text, answer] : std::initializer_list<std::pair<const char*, const char*>>{
-             {"al", "alpha 0"}, {"alphab", "alphabet 1"}, {"be", "beta 1"}, {"alx", "al 0"}, {"bex", "be 1"},
-             {"x", " 0"}, {"", " 0"}, {"\xC3", "\xC3\xA4rger 1"}, {"beta", "beta 1"}, {"betas", "beta 1"}, {nullptr, " 0"}})
+    // clang-format off
+    const std::pair<const char*, const char*> answers[] = {
+        {"al", "alpha 0"}, {"alphab", "alphabet 1"}, {"be", "beta 1"}, {"alx", "al 0"}, {"bex", "be 1"}, {"x", " 0"},
+        {"", " 0"}, {"\xC3", "\xC3\xA4rger 1"}, {"beta", "beta 1"}, {"betas", "beta 1"}, {nullptr, " 0"}};
+    // clang-format on
+    for (const auto& [text, answer] : answers)
         EXPECT_EQ(completed(completer, text), answer);
 
     const char* twice[] = {"c", "c", "d"};

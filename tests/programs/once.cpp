@@ -46,11 +46,14 @@ int main(int argc, char** argv)
     LmRunOnce once(&arguments, given("-perhost"), nullptr, given("-open"));
     once.addCallback(LmRunOnce::invokedCallback, invoked, new QuietWindow);   // the window deletes itself
     LmInput input;
-    input.addCallback(LmInput::inputCallback, [](LmCallbackObject*, void*, void*) {
-        char byte;
-        if (read(STDIN_FILENO, &byte, 1) <= 0)
-            _exit(0);
-    }, nullptr);
+    input.addCallback(
+        LmInput::inputCallback,
+        [](LmCallbackObject*, void*, void*) {
+            char byte;
+            if (read(STDIN_FILENO, &byte, 1) <= 0)
+                _exit(0);
+        },
+        nullptr);
     input.attach(STDIN_FILENO, XtInputReadMask);
     std::puts("running");
     app.run();

@@ -30,12 +30,15 @@ struct Worker : LmBackground {
 struct Ticker : LmPeriodic {
     explicit Ticker(int interval) : LmPeriodic(interval)
     {
-        addCallback(timerCallback, [](LmCallbackObject* self, void*, void*) {
-            auto* ticker = static_cast<Ticker*>(self);
-            ++ticker->announced;
-            if (ticker->inCallback)
-                ticker->inCallback();
-        }, nullptr);
+        addCallback(
+            timerCallback,
+            [](LmCallbackObject* self, void*, void*) {
+                auto* ticker = static_cast<Ticker*>(self);
+                ++ticker->announced;
+                if (ticker->inCallback)
+                    ticker->inCallback();
+            },
+            nullptr);
     }
     void tick() override
     {
@@ -62,8 +65,9 @@ struct Pipe {
 void runFor(int milliseconds)
 {
     bool over = false;
-    XtAppAddTimeOut(app().appContext(), static_cast<unsigned long>(milliseconds),
-                    [](XtPointer flag, XtIntervalId*) { *static_cast<bool*>(flag) = true; }, &over);
+    XtAppAddTimeOut(
+        app().appContext(), static_cast<unsigned long>(milliseconds),
+        [](XtPointer flag, XtIntervalId*) { *static_cast<bool*>(flag) = true; }, &over);
     settleUntil([&] { return over; });
 }
 
@@ -121,7 +125,10 @@ TEST_F(PeriodicOnScreen, StoppedInsideStaysStoppedAndStartedInsideIsArmedOnce)
     Ticker atOnce(1), inTick(1), inCallback(1);
     atOnce.inCallback = [&] { atOnce.stop(); };
     inTick.inTick = [&] { inTick.stop(); };
-    inCallback.inCallback = [&] { if (inCallback.announced == 2) inCallback.stop(); };
+    inCallback.inCallback = [&] {
+        if (inCallback.announced == 2)
+            inCallback.stop();
+    };
     for (Ticker* ticker : {&atOnce, &inTick, &inCallback})
         ticker->start();
     runFor(40);
@@ -143,7 +150,10 @@ TEST_F(PeriodicOnScreen, StoppedInsideStaysStoppedAndStartedInsideIsArmedOnce)
         ticker = std::make_unique<Ticker>(1);
     deleted[0]->inCallback = [&] { deleted[0].reset(); };
     deleted[1]->inTick = [&] { deleted[1].reset(); };
-    deleted[2]->inCallback = [&] { if (deleted[2]->announced == 2) deleted[2].reset(); };
+    deleted[2]->inCallback = [&] {
+        if (deleted[2]->announced == 2)
+            deleted[2].reset();
+    };
     for (auto& ticker : deleted)
         ticker->start();
     settleUntil([&] { return !deleted[0] && !deleted[1] && !deleted[2]; });
@@ -162,9 +172,10 @@ TEST_F(InputOnScreen, TellsOfTheDescriptorUntilRemoved)
         if (byte == 'd')
             input.reset();
     };
-    input->addCallback(LmInput::inputCallback, [](LmCallbackObject* caller, void* function, void* data) {
-        (*static_cast<decltype(heard)*>(function))(caller, data);
-    }, &heard);
+    input->addCallback(
+        LmInput::inputCallback,
+        [](LmCallbackObject* caller, void* function, void* data) { (*static_cast<decltype(heard)*>(function))(caller, data); },
+        &heard);
     input->attach(first.readEnd.get(), XtInputReadMask);
     input->attach(second.readEnd.get(), XtInputReadMask);
     ASSERT_EQ(write(first.writeEnd.get(), "x", 1) + write(second.writeEnd.get(), "yz", 2), 3);
@@ -193,8 +204,8 @@ TEST_F(BackgroundOnScreen, TenThousandDeletedBetweenArmingAndFiring)
         auto input = std::make_unique<LmInput>();
         worker->inSlice = [&] { ++fired; };
         ticker->inTick = [&] { ++fired; };
-        input->addCallback(LmInput::inputCallback, [](LmCallbackObject*, void* count, void*) { ++*static_cast<int*>(count); },
-                           &fired);
+        input->addCallback(
+            LmInput::inputCallback, [](LmCallbackObject*, void* count, void*) { ++*static_cast<int*>(count); }, &fired);
         worker->start();
         ticker->start();
         input->attach(pipe.readEnd.get(), XtInputReadMask);

@@ -42,12 +42,15 @@ struct ListSearchOnScreen : OnScreen {
     ListSearchOnScreen()
     {
         pair.fill({"Zero", "Abbey", "Cabin", "four", "five", "six", "seven", "eight", "Abc", "ten", "eleven", "xABC"});
-        XtAddCallback(pair.list, XmNbrowseSelectionCallback, [](Widget, XtPointer self, XtPointer data) {
-            auto* test = static_cast<ListSearchOnScreen*>(self);
-            test->chosen.push_back(static_cast<XmListCallbackStruct*>(data)->item_position);
-            if (test->onChoice)
-                test->onChoice();
-        }, this);
+        XtAddCallback(
+            pair.list, XmNbrowseSelectionCallback,
+            [](Widget, XtPointer self, XtPointer data) {
+                auto* test = static_cast<ListSearchOnScreen*>(self);
+                test->chosen.push_back(static_cast<XmListCallbackStruct*>(data)->item_position);
+                if (test->onChoice)
+                    test->onChoice();
+            },
+            this);
         show(pair);
         click(pair.text);
     }

@@ -188,9 +188,9 @@ TEST_F(RunOnceOnScreen, OnlyGoodArgumentsReplaceThoseOfTheStartBefore)
     EXPECT_EQ(argumentsOf(*once), megabyte + "|");
     EXPECT_EQ(invoked.values.size(), 5U);
 
-    once->addCallback(LmRunOnce::invokedCallback, [](LmCallbackObject*, void* owner, void*) {
-        static_cast<std::unique_ptr<LmRunOnce>*>(owner)->reset();
-    }, &once);
+    once->addCallback(
+        LmRunOnce::invokedCallback,
+        [](LmCallbackObject*, void* owner, void*) { static_cast<std::unique_ptr<LmRunOnce>*>(owner)->reset(); }, &once);
     const Window shell = XtWindow(app().baseWidget());
     EXPECT_EQ(Client().ownerOf("lmtest"), shell);
     invokeByHand(XA_STRING, 8, "last");
