@@ -591,8 +591,7 @@ void LmRepositionDialog(Widget dialog, Widget parent, bool force)
     if (!isUsable(dialog) || !isUsable(parent) || !XtIsRealized(dialog) || !XtIsRealized(parent))
         return;
     const lm::Rect over = onScreen(parent);
-    const std::optional<lm::Point> place =
-        force ? lm::centredOver(over, sizeOf(dialog)) : lm::recentred(over, onScreen(dialog));
+    const std::optional<lm::Point> place = force ? lm::centredOver(over, sizeOf(dialog)) : lm::recentred(over, onScreen(dialog));
     if (!place)
         return;
     const std::string geometry = LmFormat("+%d+%d", place->x, place->y);

@@ -23,10 +23,10 @@ Widget LmPrefDialog::createDialog(Widget parent)
 {
     Widget dialog = LmGenericDialog::createDialog(parent);
     Widget form = XtVaCreateManagedWidget("dummy", xmFormWidgetClass, dialog, nullptr);
-    Widget area = XtVaCreateManagedWidget(
-        "prefArea", xmRowColumnWidgetClass, form, XmNtopAttachment, XmATTACH_FORM, XmNtopOffset, margin, XmNbottomAttachment,
-        XmATTACH_FORM, XmNbottomOffset, margin, XmNleftAttachment, XmATTACH_FORM, XmNleftOffset, margin, XmNrightAttachment,
-        XmATTACH_FORM, XmNrightOffset, margin, XmNorientation, XmVERTICAL, XmNmarginWidth, 0, XmNmarginHeight, 0, nullptr);
+    Widget area = XtVaCreateManagedWidget("prefArea", xmRowColumnWidgetClass, form, XmNtopAttachment, XmATTACH_FORM, XmNtopOffset,
+                                          margin, XmNbottomAttachment, XmATTACH_FORM, XmNbottomOffset, margin, XmNleftAttachment,
+                                          XmATTACH_FORM, XmNleftOffset, margin, XmNrightAttachment, XmATTACH_FORM, XmNrightOffset,
+                                          margin, XmNorientation, XmVERTICAL, XmNmarginWidth, 0, XmNmarginHeight, 0, nullptr);
     if (_item) {
         _item->build(area);
         _item->show();

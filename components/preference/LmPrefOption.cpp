@@ -14,10 +14,7 @@
 #include <cstring>
 #include <utility>
 
-LmPrefOption::LmPrefOption(const char* name, int size)
-    : LmPrefItem(name),
-      _labels(static_cast<size_t>(std::max(size, 0)))
-{}
+LmPrefOption::LmPrefOption(const char* name, int size) : LmPrefItem(name), _labels(static_cast<size_t>(std::max(size, 0))) {}
 
 LmPrefOption::~LmPrefOption() { LmPrefOption::widgetDestroyed(); }
 

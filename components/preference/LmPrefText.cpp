@@ -9,8 +9,8 @@
 void LmPrefText::build(Widget labelParent, Widget baseParent)
 {
     buildLabel(labelParent);
-    _baseWidget = XtVaCreateWidget(_baseName.c_str(), xmTextFieldWidgetClass, baseParent, XmNcolumns, static_cast<short>(_columns),
-                                   XmNsensitive, _activated, nullptr);
+    _baseWidget = XtVaCreateWidget(_baseName.c_str(), xmTextFieldWidgetClass, baseParent, XmNcolumns,
+                                   static_cast<short>(_columns), XmNsensitive, _activated, nullptr);
     LmPrefText::revertValue();
     installDestroyHandlers();
 }

@@ -16,10 +16,7 @@ void LmPrefToggle::build(Widget labelParent, Widget baseParent)
     installDestroyHandlers();
 }
 
-char LmPrefToggle::changed()
-{
-    return _baseWidget && (XmToggleButtonGadgetGetState(_baseWidget) != False) != (_value != 0);
-}
+char LmPrefToggle::changed() { return _baseWidget && (XmToggleButtonGadgetGetState(_baseWidget) != False) != (_value != 0); }
 
 void LmPrefToggle::updateValue()
 {
