@@ -4,6 +4,7 @@
 #include "LmMenuAction.h"
 #include "LmMenuBar.h"
 #include "LmMenuToggle.h"
+#include "LmMenuUndoManager.h"
 #include "LmSubMenu.h"
 #include "LmWindow.h"
 
@@ -19,6 +20,8 @@ namespace {
 std::vector<std::string> ran;
 
 void note(Widget w, XtPointer, XtPointer) { ran.emplace_back(XtName(w)); }
+LmMenuItem* doomed;
+void deleteDoomed(Widget, XtPointer, XtPointer) { delete doomed; }
 void deleteObject(Widget, XtPointer object, XtPointer) { delete static_cast<LmComponent*>(object); }
 
 // clang-format off
@@ -224,6 +227,7 @@ TEST_P(ManagedMenuBarOnScreen, MenusDieWhilePosted)
 {
     for (int kind = 0; kind < 6; ++kind) {
         BarWindow* window = shown(barTable);
+        doomed = pane(window, "File")->addAction("Doomed", deleteDoomed, note, nullptr, -1);
         click(widgetOf(item(window, "File")));
         ASSERT_TRUE(isViewable(pane(window, "File")->pulldown())) << "kind " << kind;
         if (kind == 0)
@@ -234,11 +238,13 @@ TEST_P(ManagedMenuBarOnScreen, MenusDieWhilePosted)
             delete window;
         if (kind == 3)
             delete item(window, "Open");
-        if (kind == 4 || kind == 5) {
-            XtAddCallback(widgetOf(item(window, "Open")), XmNactivateCallback, deleteObject,
-                          kind == 4 ? static_cast<LmComponent*>(window) : item(window, "Open"));
+        if (kind == 4) {
+            XtAddCallback(widgetOf(item(window, "Open")), XmNactivateCallback, deleteObject, window);
             click(widgetOf(item(window, "Open")));
         }
+        if (kind == 5)
+            click(widgetOf(doomed));   // gone before it can go on the undo stack
+        EXPECT_EQ(getTheUndoManager()->size(), 0);
         settle();
         if (LmComponent::isComponent(window)) {
             key(XK_Escape);

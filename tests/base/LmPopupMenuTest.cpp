@@ -33,6 +33,7 @@ LmMenuDesc colours[] = {
 // clang-format on
 
 struct MenuOnScreen : OnScreen {
+    MenuOnScreen() { XtSetMultiClickTime(app().display(), 0); }   // Motif takes fast drags for clicks
     struct Column : LmComponent {
         explicit Column(Widget parent)
         {
@@ -42,7 +43,8 @@ struct MenuOnScreen : OnScreen {
     };
     Widget area(const char* name)
     {
-        return XtVaCreateManagedWidget(name, xmDrawingAreaWidgetClass, column.baseWidget(), XmNwidth, 200, XmNheight, 90, nullptr);
+        return XtVaCreateManagedWidget(name, xmDrawingAreaWidgetClass, column.baseWidget(), XmNwidth, 200, XmNheight, 90,
+                                       XmNresizePolicy, XmRESIZE_NONE, nullptr);
     }
     Column column{shell()};
 };
@@ -66,9 +68,13 @@ TEST_F(MenuOnScreen, AnOptionMenuShowsWhatWasChosen)
     EXPECT_EQ(textOf(XmOptionButtonGadget(menu.baseWidget())), "Blue");
     EXPECT_EQ(textOf(XmOptionLabelGadget(menu.baseWidget())), "Colour");
 
-    click(XmOptionButtonGadget(menu.baseWidget()));
-    ASSERT_TRUE(isViewable(menu.menuParent()));
-    click(widgetOf(menu[0]));
+    const auto choose = [&](int index) {
+        press(XmOptionButtonGadget(menu.baseWidget()), 5, 5);
+        EXPECT_TRUE(isViewable(menu.menuParent()));
+        pointAt(widgetOf(menu[index]), 5, 5);
+        release();
+    };
+    choose(0);
     EXPECT_EQ(ran, std::vector<std::string>{"Red"});
     EXPECT_EQ(menu.getItem(), menu[0]);
     settleUntil([&] { return menu.findNamedItem("Dark", false, true)->baseWidget() != nullptr; });
@@ -83,8 +89,7 @@ TEST_F(MenuOnScreen, AnOptionMenuShowsWhatWasChosen)
     menu.set(1);
     delete menu[1];   // the chosen one
     settle();
-    click(XmOptionButtonGadget(menu.baseWidget()));
-    click(widgetOf(menu[1]));
+    choose(1);
     EXPECT_STREQ(menu.getItem()->name(), "Blue");
 
     LmOptionMenu stale(colours, nullptr);
@@ -156,22 +161,24 @@ TEST_F(MenuOnScreen, AConfirmFirstActionAsksAndOutlivesNothing)
             static_cast<Answer*>(self)->dialog = static_cast<Widget>(dialog);
             XtAppAddTimeOut(app().appContext(), 0, later, self);
         }
-        static void later(XtPointer self, XtIntervalId* id)
+        static void later(XtPointer self, XtIntervalId*)
         {
             auto* answer = static_cast<Answer*>(self);
             if (!isViewable(answer->dialog)) {
                 XtAppAddTimeOut(app().appContext(), 5, later, self);
                 return;
             }
-            (void)id;
             answer->asked = textOf(answer->dialog, "messageString");
             if (answer->what == Delete)
                 delete answer->menu->findNamedItem("Erase", false, true);
             click(XtNameToWidget(answer->dialog, answer->what == Cancel ? "Cancel" : "OK"));
+            XClearArea(app().display(), XtWindow(answer->parent), 0, 0, 0, 0, True);   // an event: the dialog's loop looks
+            XFlush(app().display());
         }
+        Widget parent;
         Widget dialog = nullptr;
     };
-    Answer answer{menu, Answer::Cancel, "", nullptr};
+    Answer answer{menu, Answer::Cancel, "", column.baseWidget()};
     getTheQuestionDialog()->addCallback(LmDialogManager::prepostCallback, Answer::give, &answer);
     const auto choose = [&](auto what) {
         ran.clear();
