@@ -30,8 +30,7 @@ protected:
     XtPointer _clientData;
 
 private:
-    friend class LmMenuUndoManager;   // counts
-    int _undoEntries = 0;             // how many entries of undo stacks are this action
+    friend class LmMenuUndoManager;   // looks at stubs
 };
 
 /// An action whose widget is no gadget, for what needs a window of its own. Never goes on the undo stack.

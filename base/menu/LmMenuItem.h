@@ -100,18 +100,24 @@ protected:
     static LmComponentList* _workProcList;        ///< the submenus that wait for idle time; null when none does
 
     int _position = -1;
+    int _sensitive = -1;   ///< -1 never set, else 0 or 1
     bool _isBuilt = false;
     bool _isHidden = false;
     bool _outlivesMenu = false;   ///< whether a dying menu lets go of the item instead of deleting it
-    int _sensitive = -1;          ///< -1 never set, else 0 or 1
+
+private:
+    friend class LmMenu;   // enters and takes out items
+    friend class LmMenuAction;        // counts,
+    friend class LmMenuUndoManager;   // and so does it
+    bool _isNamed;
+    int _undoEntries = 0;   // how many entries of undo stacks are this item; here, where it costs no memory
+
+protected:
     LmMenu* _parentMenu = nullptr;
     lm::CString _label;
 
 private:
-    friend class LmMenu;   // enters and takes out items
     void queueForManaging();
     static void unqueue(Widget w);
     static void completePendingBuilds();
-
-    bool _isNamed;
 };

@@ -18,7 +18,7 @@
 
 /// How long a pane is filled in idle time before events get their turn, in milliseconds. The last item and the managing of
 /// its batch come on top.
-static constexpr int slice = 2;
+static constexpr int slice = 1;
 
 /// Lets resource files name tear-off models.
 static void installTearOffConverter()
