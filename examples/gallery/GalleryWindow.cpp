@@ -1,5 +1,8 @@
 #include "GalleryWindow.h"
 
+#include "DialogPage.h"
+#include "SearchPage.h"
+
 #include <Lm/support/handles.h>
 #include <Lm/support/resources.h>
 #include <Lm/support/xt.h>
@@ -32,6 +35,8 @@ void GalleryWindow::addPages()
 {
     _pages.push_back(std::make_unique<ApplicationPage>(_deck, this));
     _applicationPage = static_cast<ApplicationPage*>(_pages.back().get());
+    _pages.push_back(std::make_unique<DialogPage>(_deck, this));
+    _pages.push_back(std::make_unique<SearchPage>(_deck));
     for (const auto& page : _pages) {
         const lm::XmText title(XmStringCreateLocalized(lm::xtText(page->title())));
         XmListAddItemUnselected(_list, title.get(), 0);
