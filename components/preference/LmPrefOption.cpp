@@ -2,6 +2,7 @@
 
 #include "LmResource.h"
 #include "LmWidgetTools.h"
+#include "base/menu/Panes.h"
 #include "support/calldata.h"
 #include "support/resources.h"
 #include "support/xmtext.h"
@@ -42,7 +43,7 @@ void LmPrefOption::widgetDestroyed()
     if (Widget pane = _pane) {
         lm::off<&LmPrefOption::paneDestroyed>(pane, XmNdestroyCallback, this);
         paneDestroyed();
-        XtDestroyWidget(pane);
+        lm::destroyPane(pane);
     }
     if (_baseWidget && isBeingDestroyed(_baseWidget))
         LmPrefItem::widgetDestroyed();
