@@ -1,0 +1,63 @@
+// PreferencePage.h: a preference dialog that changes how the gallery behaves.
+#pragma once
+
+#include "Page.h"
+
+#include <Lm/LmPrefCustom.h>
+#include <Lm/LmPrefDialog.h>
+#include <Lm/LmPrefEmpty.h>
+#include <Lm/LmPrefGroup.h>
+#include <Lm/LmPrefLabel.h>
+#include <Lm/LmPrefList.h>
+#include <Lm/LmPrefOption.h>
+#include <Lm/LmPrefRadio.h>
+#include <Lm/LmPrefSeparator.h>
+#include <Lm/LmPrefText.h>
+#include <Lm/LmPrefToggle.h>
+#include <Lm/LmSimpleWindow.h>
+
+/// The sheet, with its items: what the user may choose.
+class GalleryPreferences : public LmPrefDialog {
+public:
+    GalleryPreferences();
+
+    Widget createDialog(Widget parent) override;
+
+    LmPrefText title{"prefTitle", 24};
+    LmPrefOption heads{"prefHeads", 3};                     // the colour of page heads
+    LmPrefToggle askAtClose{"prefAskAtClose", false};       // ask before the window closes
+    LmPrefToggle beepAtEnd{"prefBeepAtEnd", false};         // ring the bell when work is done
+    LmPrefToggle listLeft{"prefListLeft", false};           // where the list of pages stands
+    LmPrefToggle listHidden{"prefListHidden", false};
+    LmPrefText author{"prefAuthor", 16};
+
+private:
+    LmPrefLabel _text{"prefText"};
+    LmPrefSeparator _line{"prefLine"};
+    LmPrefEmpty _gap;
+    LmPrefCustom _custom{"prefCustom"};
+    LmPrefGroup _toggles{"prefToggles", true, false};
+    LmPrefRadio _list{"prefList", true, false};
+    LmPrefGroup _person{"prefPerson", false, true};
+    LmPrefGroup _general{"prefGeneral", false, true};
+    LmPrefList _sheet{"prefSheet"};
+};
+
+class PreferencePage : public Page {
+public:
+    PreferencePage(Widget parent, LmSimpleWindow* window, Widget list);
+
+    const char* className() override { return "PreferencePage"; }
+    /// Whether the window may close: asks, when the user wants that.
+    bool mayClose();
+
+private:
+    void post();
+    void preferencesChosen(LmCallbackObject* dialog, void* clientData, void* reason);
+    void colourHeads();
+
+    LmSimpleWindow* _window;
+    Widget _list;   // of the pages
+    Widget _state;
+    GalleryPreferences _preferences;
+};
