@@ -11,6 +11,8 @@
 #include <memory>
 #include <vector>
 
+class MenuPage;
+
 class GalleryWindow : public LmWindow {
 public:
     GalleryWindow();
@@ -27,8 +29,18 @@ public:
 private:
     void chosen(XmListCallbackStruct* choice) { choose(choice->item_position - 1); }
     void addPages();
+    void addPageMenu();
+    void showInMenu(int index);
+
+    // what the menu bar's entries do, with the window as client data
+    static void newWindow(Widget, XtPointer window, XtPointer) noexcept;
+    static void quit(Widget, XtPointer window, XtPointer) noexcept;
+    static void toggleFrame(Widget item, XtPointer window, XtPointer) noexcept;
+    static void togglePageList(Widget item, XtPointer window, XtPointer) noexcept;
+    static void choosePage(Widget item, XtPointer window, XtPointer) noexcept;
 
     Widget _list = nullptr, _deck = nullptr;
     std::vector<std::unique_ptr<Page>> _pages;
     ApplicationPage* _applicationPage = nullptr;   // one of them
+    MenuPage* _menuPage = nullptr;                 // another
 };
