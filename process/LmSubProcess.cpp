@@ -17,7 +17,7 @@
 #include <csignal>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
+#include <string>
 #include <utility>
 
 #include <fcntl.h>
@@ -267,7 +267,8 @@ void LmSubProcessRep::deleteChild(XtPointer, int* source, XtInputId*) noexcept
     if (count == -1 && (errno == EAGAIN || errno == EINTR))   // a local loop was faster
         return;
     if (count != sizeof record) {
-        getTheFatalErrorDialog()->post(LmFormat("%s : INTERNAL error - child handler pipe corrupted\n", lm::programName()));
+        const std::string text = LmFormat("%s : INTERNAL error - child handler pipe corrupted\n", lm::programName());
+        getTheFatalErrorDialog()->post(text.c_str());
         return;
     }
     if (childrenWait) {

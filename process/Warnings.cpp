@@ -5,6 +5,7 @@
 #include "LmWarningDialog.h"
 
 #include <cstring>
+#include <string>
 
 const char* lm::programName()
 {
@@ -12,14 +13,14 @@ const char* lm::programName()
     return name ? name : theApplication->name();   // an adopted application has no arguments
 }
 
+/// The dialog uses LmFormat itself: the text is copied before.
+static void warn(const std::string& text) { getTheWarningDialog()->post(text.c_str()); }
+
 void lm::warnOfFork(const char* command, int error)
 {
-    getTheWarningDialog()->post(LmFormat("%s: couldn't fork child \"%s\": %s\n", programName(), command, std::strerror(error)));
+    warn(LmFormat("%s: couldn't fork child \"%s\": %s\n", programName(), command, std::strerror(error)));
 }
 
-void lm::warnOfPipe(int error)
-{
-    getTheWarningDialog()->post(LmFormat("%s: couldn't create pipe: %s\n", programName(), std::strerror(error)));
-}
+void lm::warnOfPipe(int error) { warn(LmFormat("%s: couldn't create pipe: %s\n", programName(), std::strerror(error))); }
 
-void lm::warnOfNoCommand() { getTheWarningDialog()->post(LmFormat("%s: no command to run\n", programName())); }
+void lm::warnOfNoCommand() { warn(LmFormat("%s: no command to run\n", programName())); }
