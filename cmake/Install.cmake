@@ -7,7 +7,7 @@ set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/Lumora)
 target_compile_features(zentalm INTERFACE cxx_std_17)
 target_include_directories(zentalm INTERFACE $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 install(TARGETS zentalm EXPORT Lumora LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(FILES ${lm_public_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Lm COMPONENT headers)
+install(FILES ${lm_public_headers} ${PROJECT_BINARY_DIR}/include/Lm/LmAll.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Lm COMPONENT headers)
 install(FILES ${lm_support_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Lm/support COMPONENT headers)
 
 install(EXPORT Lumora NAMESPACE Lumora:: FILE LumoraTargets.cmake DESTINATION ${package_folder})

@@ -2,10 +2,13 @@
 
 namespace {
 lm::XErrorTrap* innermost = nullptr;
-}
+}   // namespace
 
 lm::XErrorTrap::XErrorTrap(Display* display)
-    : _display(display), _firstRequest(NextRequest(display)), _outer(innermost), _previous(XSetErrorHandler(handle))
+    : _display(display),
+      _firstRequest(NextRequest(display)),
+      _outer(innermost),
+      _previous(XSetErrorHandler(handle))
 {
     innermost = this;
 }

@@ -35,12 +35,11 @@ template <class Field> constexpr const char* representation()
 /// One row with a representation type of its own: the resource `name` of class `cls` fills `field` of `object`.
 /// Size and offset follow from the field, so a table cannot disagree with its class.
 /// Xt compiles a table in place at its first use, so tables are never const.
-template <class T, class Field>
-XtResource resource(const T* object, const Field& field, const char* name, const char* cls, const char* type,
-                    const char* fallback)
+template <class T, class Field> XtResource resource(const T* object, const Field& field, const char* name, const char* cls,
+                                                    const char* type, const char* fallback)
 {
     const auto offset = reinterpret_cast<const char*>(&field) - reinterpret_cast<const char*>(object);
-    return {xtText(name), xtText(cls),      xtText(type), static_cast<Cardinal>(sizeof(Field)), static_cast<Cardinal>(offset),
+    return {xtText(name), xtText(cls),     xtText(type), static_cast<Cardinal>(sizeof(Field)), static_cast<Cardinal>(offset),
             XtRString,    xtText(fallback)};
 }
 

@@ -24,11 +24,16 @@ static size_t announcedLength(unsigned char first)
 static bool secondFits(unsigned char first, unsigned char second)
 {
     switch (first) {
-    case 0xE0: return second >= 0xA0;
-    case 0xED: return second < 0xA0;
-    case 0xF0: return second >= 0x90;
-    case 0xF4: return second < 0x90;
-    default: return true;
+    case 0xE0:
+        return second >= 0xA0;
+    case 0xED:
+        return second < 0xA0;
+    case 0xF0:
+        return second >= 0x90;
+    case 0xF4:
+        return second < 0x90;
+    default:
+        return true;
     }
 }
 
@@ -77,12 +82,19 @@ std::string lm::toUtf8(std::string_view bytes)
     return text;
 }
 
+std::string_view lm::withoutPartialEnd(std::string_view text)
+{
+    for (size_t length = 1; length <= std::min<size_t>(3, text.size()); ++length) {
+        const std::string_view end = text.substr(text.size() - length);
+        if (continues(end, 0))
+            continue;
+        const bool breaksOff = announcedLength(byteAt(end, 0)) > length && brokenLength(end) == length;
+        return breaksOff ? text.substr(0, text.size() - length) : text;
+    }
+    return text;
+}
+
 std::string_view lm::utf8Prefix(std::string_view text, size_t limit)
 {
-    if (text.size() <= limit)
-        return text;
-    size_t end = limit;
-    while (end > 0 && limit - end < 3 && continues(text, end))
-        --end;
-    return text.substr(0, continues(text, end) ? limit : end);   // no character is that long: cut where it was asked
+    return text.size() <= limit ? text : withoutPartialEnd(text.substr(0, limit));
 }

@@ -18,11 +18,19 @@ static const char* shareName(const char* name)
 // --- one registration --------------------------------------------------------------------------------------------------
 
 LmCallbackItem::LmCallbackItem(const char* name, LmCallbackFunction fn, void* clientData)
-    : _target(nullptr), _name(shareName(name)), _function(fn), _method(nullptr), _clientData(clientData)
+    : _target(nullptr),
+      _name(shareName(name)),
+      _function(fn),
+      _method(nullptr),
+      _clientData(clientData)
 {}
 
 LmCallbackItem::LmCallbackItem(const char* name, LmCallbackObject* target, LmCallbackMethod member, void* clientData)
-    : _target(target), _name(shareName(name)), _function(nullptr), _method(member), _clientData(clientData)
+    : _target(target),
+      _name(shareName(name)),
+      _function(nullptr),
+      _method(member),
+      _clientData(clientData)
 {}
 
 bool LmCallbackItem::hasName(const char* name) const { return name && (name == _name || std::strcmp(name, _name) == 0); }

@@ -1,23 +1,12 @@
 #include "LmFormat.h"
 
+#include "support/text.h"
+
 #include <array>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
 #include <string_view>
-
-/// How much of `text` to keep so that it does not end inside a UTF-8 character that the cut has halved.
-static std::size_t wholeCharacters(std::string_view text)
-{
-    std::size_t start = text.size();
-    while (start > 0 && text.size() - start < 3 && (static_cast<unsigned char>(text[start - 1]) & 0xC0) == 0x80)
-        --start;
-    if (start == 0)
-        return text.size();
-    const auto lead = static_cast<unsigned char>(text[start - 1]);
-    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 1;
-    return text.size() - (start - 1) < length ? start - 1 : text.size();
-}
 
 const char* LmFormat(const char* format, ...)
 {
@@ -30,7 +19,7 @@ const char* LmFormat(const char* format, ...)
 
     std::size_t kept = length < 0 ? 0 : static_cast<std::size_t>(length);
     if (kept >= fresh.size())
-        kept = wholeCharacters({fresh.data(), fresh.size() - 1});
+        kept = lm::withoutPartialEnd({fresh.data(), fresh.size() - 1}).size();
     std::memcpy(result.data(), fresh.data(), kept);
     result[kept] = '\0';
     return result.data();

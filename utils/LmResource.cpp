@@ -203,6 +203,13 @@ std::optional<XrmValue> convert(Widget w, Found& found, const char* type)
     return std::nullopt;
 }
 
+/// A text as Motif's converter makes a compound string of it. The converter itself would leave one more string with the
+/// widget at every look-up, until the widget is destroyed.
+XmString compoundText(const char* text)
+{
+    return XmStringGenerate(lm::xtText(text), lm::xtText(XmFONTLIST_DEFAULT_TAG), XmCHARSET_TEXT, nullptr);
+}
+
 void reportUnknownSize() { std::puts("Warning: Report BUG. LmResource IF statement fall through"); }
 
 /// A program's resource: both full names cut at 499 bytes.
@@ -251,6 +258,8 @@ void* LmGetResource(Widget w, const char* name, const char* className, const cha
         return nullptr;
     if (isString(type) && isString(XrmRepresentationToString(found->type)))
         return found->value.addr;
+    if (isXmString(type) && isString(XrmRepresentationToString(found->type)))
+        return compoundText(found->value.addr);
     const auto value = convert(w, *found, type);
     if (!value)
         return nullptr;

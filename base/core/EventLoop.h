@@ -1,9 +1,9 @@
 // EventLoop.h: one event, as every loop of the library handles it.
 #pragma once
 
-#include "support/handles.h"
-
 #include <X11/Intrinsic.h>
+
+#include <functional>
 
 namespace lm {
 
@@ -13,24 +13,9 @@ void dispatch(XEvent* event);
 /// Waits for the next event and dispatches it. Timers, inputs and work procedures run meanwhile.
 void dispatchNextEvent();
 
-/// A moment that a wait for events does not pass.
-class Deadline {
-public:
-    explicit Deadline(unsigned long milliseconds);
-    Deadline(const Deadline&) = delete;
-    Deadline& operator=(const Deadline&) = delete;
-
-    /// Waits for the next event; false when the moment came first.
-    bool nextEvent(XEvent* event);
-
-private:
-    void passed();
-    void wake() {}
-
-    bool _passed = false;
-    TimerHandle _timer;
-    FileDescriptor _wakeUp;   // Xt runs timers while it waits for an event, but only a ready input ends the wait
-    InputHandle _input;
-};
+/// Dispatches events until the condition holds, whoever made it hold: also a timer, an input or a work procedure, which
+/// alone do not end a wait for events. The condition is asked often and must be cheap. Such loops nest. `seen`, if any, is
+/// shown each event before it is dispatched.
+void dispatchUntil(const std::function<bool()>& over, const std::function<void(const XEvent&)>& seen = {});
 
 }   // namespace lm

@@ -56,7 +56,8 @@ static const char* lastPathComponent(const char* path)
 }
 
 LmApp::LmApp(const char* appClassName, int* argc, char** argv, XrmOptionDescRec* options, int numOptions)
-    : LmComponent("lumora"), _windows(new LmComponentList)
+    : LmComponent("lumora"),
+      _windows(new LmComponentList)
 {
     theApplication = this;
     const bool given = argc && *argc > 0 && argv && argv[0];
@@ -144,9 +145,9 @@ void LmApp::parseCommandLine(XrmOptionDescRec* options, int numOptions)
 void LmApp::createShell()
 {
     const Screen* screen = ScreenOfDisplay(_display, 0);
-    _baseWidget = XtVaAppCreateShell(nullptr, _appClassName, applicationShellWidgetClass, _display, XtNmappedWhenManaged, False,
-                                     XtNx, WidthOfScreen(screen) / 2, XtNy, HeightOfScreen(screen) / 2, XtNwidth, 1, XtNheight,
-                                     1, nullptr);
+    _baseWidget =
+        XtVaAppCreateShell(nullptr, _appClassName, applicationShellWidgetClass, _display, XtNmappedWhenManaged, False, XtNx,
+                           WidthOfScreen(screen) / 2, XtNy, HeightOfScreen(screen) / 2, XtNwidth, 1, XtNheight, 1, nullptr);
     installDestroyHandler();
 }
 
@@ -263,7 +264,8 @@ void LmApp::run()
 
 void LmApp::handlePendingEvents()
 {
-    lm::PendingEvents(_display, _appContext).handle();
+    XSync(_display, False);
+    lm::PendingEvents(_appContext).handle();
 }
 
 void LmApp::handleRawEvent(XEvent* event)

@@ -129,11 +129,11 @@ public:
     void setAboutDialog(LmDialogManager* dialog) { _aboutDialog = dialog; }
     LmDialogManager* aboutDialog() const { return _aboutDialog; }
 
-    static Cursor _normalCursor;              ///< shared by the whole program; None until needed or set
-    static Cursor _busyCursor;                ///< the fixed busy cursor; None: the animated one is used
-    static int LumoraMajorRelease;            ///< 1
-    static int LumoraMinorRelease;            ///< 0
-    static char LumoraReleaseString[];        ///< "Lumora Release: 1.0"
+    static Cursor _normalCursor;         ///< shared by the whole program; None until needed or set
+    static Cursor _busyCursor;           ///< the fixed busy cursor; None: the animated one is used
+    static int LumoraMajorRelease;       ///< 1
+    static int LumoraMinorRelease;       ///< 0
+    static char LumoraReleaseString[];   ///< "Lumora Release: 1.0"
 
 protected:
     /// Takes the options of a table (Xt's form) out of the arguments and into the database under the program's name.

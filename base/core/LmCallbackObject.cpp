@@ -76,10 +76,7 @@ void LmCallbackObject::callCallbacks(const char* name, void* callData)
         _callbacks->invoke(this, name, callData);
 }
 
-int LmCallbackObject::hasCallbacks(const char* name) const
-{
-    return _callbacks && _callbacks->hasCallbacks(name) ? 1 : 0;
-}
+int LmCallbackObject::hasCallbacks(const char* name) const { return _callbacks && _callbacks->hasCallbacks(name) ? 1 : 0; }
 
 static void registerAt(LmCallbackObject* to, const char* name, const LmCallbackItem& item)
 {

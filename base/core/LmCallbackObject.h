@@ -42,8 +42,8 @@ public:
     void addCallback(const char* name, LmCallbackObject* target, LmCallbackMethod method, void* clientData);
     /// The same with a member function that a derived class declares.
     template <class T, class Declaring>
-    std::enable_if_t<std::is_base_of_v<Declaring, T> && std::is_base_of_v<LmCallbackObject, Declaring>>
-    addCallback(const char* name, T* target, void (Declaring::*method)(LmCallbackObject*, void*, void*), void* clientData)
+    std::enable_if_t<std::is_base_of_v<Declaring, T> && std::is_base_of_v<LmCallbackObject, Declaring>> addCallback(
+        const char* name, T* target, void (Declaring::*method)(LmCallbackObject*, void*, void*), void* clientData)
     {
         addCallback(name, static_cast<LmCallbackObject*>(target), static_cast<LmCallbackMethod>(method), clientData);
     }
@@ -54,8 +54,8 @@ public:
     void removeCallback(const char* name, LmCallbackObject* target, LmCallbackMethod method, void* clientData);
     /// The same with a member function that a derived class declares.
     template <class T, class Declaring>
-    std::enable_if_t<std::is_base_of_v<Declaring, T> && std::is_base_of_v<LmCallbackObject, Declaring>>
-    removeCallback(const char* name, T* target, void (Declaring::*method)(LmCallbackObject*, void*, void*), void* clientData)
+    std::enable_if_t<std::is_base_of_v<Declaring, T> && std::is_base_of_v<LmCallbackObject, Declaring>> removeCallback(
+        const char* name, T* target, void (Declaring::*method)(LmCallbackObject*, void*, void*), void* clientData)
     {
         removeCallback(name, static_cast<LmCallbackObject*>(target), static_cast<LmCallbackMethod>(method), clientData);
     }

@@ -46,7 +46,8 @@ static void applyFocusPolicy(Widget shell, const char* windowName)
 }
 
 LmSimpleWindow::LmSimpleWindow(const char* name, ArgList args, Cardinal argCount)
-    : LmComponent(checkedName(name)), _busy(theApplication->busyCount() > 0)
+    : LmComponent(checkedName(name)),
+      _busy(theApplication->busyCount() > 0)
 {
     theApplication->addWindow(this);
     createShell(args, argCount);
@@ -224,8 +225,8 @@ void LmSimpleWindow::createBusyWindow()
     const auto width = static_cast<unsigned>(DisplayWidth(display, DefaultScreen(display)));
     const auto height = static_cast<unsigned>(DisplayHeight(display, DefaultScreen(display)));
     Visual* visual = DefaultVisualOfScreen(XtScreen(_baseWidget));
-    _busyWindow = XCreateWindow(display, XtWindow(_baseWidget), 0, 0, width, height, 0, CopyFromParent, InputOnly, visual, 0,
-                                nullptr);
+    _busyWindow =
+        XCreateWindow(display, XtWindow(_baseWidget), 0, 0, width, height, 0, CopyFromParent, InputOnly, visual, 0, nullptr);
 }
 
 void LmSimpleWindow::hide()

@@ -21,8 +21,8 @@ class LM_API LmSimpleWindow : public LmComponent {
 public:
     /// Whether the window is iconified. The value 2, which has no name, means that there is no shell yet.
     enum IconState : int {
-        OPEN = 0,   ///< the shell is mapped
-        CLOSED = 1  ///< iconified
+        OPEN = 0,    ///< the shell is mapped
+        CLOSED = 1   ///< iconified
     };
 
     /// Makes the shell and the main window, unrealized, and registers with the application. The arguments (null with 0

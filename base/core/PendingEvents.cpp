@@ -1,25 +1,24 @@
 #include "base/core/PendingEvents.h"
 
+#include "LmApp.h"
 #include "base/core/EventLoop.h"
 #include "support/xt.h"
 
 #include <sys/eventfd.h>
 
-static constexpr auto extension = std::chrono::milliseconds(500);   // how long newcomers are still served
+#include <chrono>
+
+static constexpr auto extension = std::chrono::milliseconds(500);   // how long newcomers are served
 static constexpr XtInputMask otherThanEvents = XtIMTimer | XtIMAlternateInput | XtIMSignal;
 
-static int queuedEvents(Display* display)
+void lm::PendingEvents::setMarkers()
 {
-    XSync(display, False);
-    return XQLength(display);
-}
-
-lm::PendingEvents::PendingEvents(Display* display, XtAppContext context)
-    : _context(context), _end(std::chrono::steady_clock::now() + extension), _eventsLeft(queuedEvents(display)),
-      _timerMarker(after<&PendingEvents::timersHandled>(context, 0, this)), _alwaysReady(eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK))
-{
+    _marked = true;
+    _eventsLeft = XQLength(theApplication->display());
+    _timerMarker = TimerHandle(after<&PendingEvents::timersHandled>(_context, 0, this));
+    _alwaysReady = FileDescriptor(eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK));
     if (_alwaysReady)
-        _inputMarker = InputHandle(whenReady<&PendingEvents::inputRoundBegins>(context, _alwaysReady.get(), XtInputReadMask, this));
+        _inputMarker = InputHandle(whenReady<&PendingEvents::inputRoundBegins>(_context, _alwaysReady.get(), XtInputReadMask, this));
 }
 
 void lm::PendingEvents::timersHandled() { _timerMarker.fired(); }
@@ -32,10 +31,13 @@ void lm::PendingEvents::inputRoundBegins()
 
 void lm::PendingEvents::handle()
 {
+    const auto end = std::chrono::steady_clock::now() + extension;
     bool eventsTurn = false;   // events and the rest take turns, so that neither starves the other
     while (const XtInputMask pending = XtAppPending(_context)) {
-        if (firstOnesHandled() && std::chrono::steady_clock::now() >= _end)
+        if (cameToMarkers())
             return;
+        if (!_marked && std::chrono::steady_clock::now() >= end)
+            setMarkers();
         eventsTurn = !eventsTurn;
         if ((pending & otherThanEvents) && !((pending & XtIMXEvent) && eventsTurn)) {
             XtAppProcessEvent(_context, pending & otherThanEvents);

@@ -11,8 +11,8 @@
 
 static lm::WindowAtoms internAtoms(Display* display)
 {
-    char* names[] = {lm::xtText("WM_PROTOCOLS"), lm::xtText("WM_DELETE_WINDOW"),   lm::xtText("_WM_QUIT_APP"),
-                     lm::xtText("UTF8_STRING"),  lm::xtText("_NET_WM_NAME"),       lm::xtText("_NET_WM_ICON_NAME"),
+    char* names[] = {lm::xtText("WM_PROTOCOLS"), lm::xtText("WM_DELETE_WINDOW"), lm::xtText("_WM_QUIT_APP"),
+                     lm::xtText("UTF8_STRING"),  lm::xtText("_NET_WM_NAME"),     lm::xtText("_NET_WM_ICON_NAME"),
                      lm::xtText("_NET_WM_PID")};
     Atom atoms[std::size(names)] = {};
     XInternAtoms(display, names, static_cast<int>(std::size(names)), False, atoms);

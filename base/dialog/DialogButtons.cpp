@@ -7,7 +7,9 @@
 #include <Xm/SelectioB.h>
 
 lm::StockDialog::StockDialog(Widget dialog)
-    : _dialog(dialog), _messageBox(XmIsMessageBox(dialog)), _selectionBox(XmIsSelectionBox(dialog))
+    : _dialog(dialog),
+      _messageBox(XmIsMessageBox(dialog)),
+      _selectionBox(XmIsSelectionBox(dialog))
 {}
 
 bool lm::StockDialog::isFileSelectionBox() const { return XmIsFileSelectionBox(_dialog); }
@@ -23,6 +25,15 @@ void lm::setManaged(Widget w, bool managed)
 {
     if (w)
         (managed ? XtManageChild : XtUnmanageChild)(w);
+}
+
+void lm::setText(Widget w, const char* resource, XmString text)
+{
+    XmString present = nullptr;
+    XtVaGetValues(w, resource, &present, nullptr);
+    const XmText owner(present);
+    if (!present || !XmStringByteCompare(present, text))
+        XtVaSetValues(w, resource, text, nullptr);
 }
 
 lm::XmText lm::compoundResource(Widget w, const char* name, const char* cls, const char* fallback)

@@ -18,6 +18,7 @@
 #include <Xm/MessageB.h>
 #include <Xm/Protocols.h>
 #include <Xm/PushBG.h>
+#include <Xm/SelectioB.h>
 
 #include <algorithm>
 #include <cstring>
@@ -198,7 +199,7 @@ static void fillMessage(Widget dialog, const char* message)
     const lm::XmText text = isLiteral(message)
                                 ? lm::XmText(XmStringCreateLtoR(lm::xtText(message), lm::xtText(XmFONTLIST_DEFAULT_TAG)))
                                 : lm::compoundResource(dialog, message, message, message);
-    XtVaSetValues(dialog, XmNmessageString, text.get(), XmNselectionLabelString, text.get(), nullptr);
+    lm::setText(dialog, XmIsSelectionBox(dialog) ? XmNselectionLabelString : XmNmessageString, text.get());
 }
 
 Widget LmDialogManager::prepost(const char* message, XtCallbackProc okCB, XtCallbackProc cancelCB, XtCallbackProc applyCB,
@@ -236,7 +237,7 @@ void LmDialogManager::fillTitle(Widget dialog)
     const lm::XmText title = once.empty() ? lm::compoundResource(dialog, "dialogTitle", XmCDialogTitle, theApplication->name())
                                           : lm::compoundResource(dialog, once.c_str(), XmCDialogTitle, once.c_str());
     if (title)
-        XtVaSetValues(dialog, XmNdialogTitle, title.get(), nullptr);
+        lm::setText(dialog, XmNdialogTitle, title.get());
 }
 
 /// A button's label: the one of this posting, else the dialog's own.
@@ -288,14 +289,14 @@ void LmDialogManager::fillButtons(Widget dialog, XtCallbackProc okCB, XtCallback
     XtAddCallback(dialog, XmNokCallback, okXtCallback, this);
     addIfGiven(dialog, XmNokCallback, okCB, clientData);
     if (showOK)
-        XtVaSetValues(dialog, XmNokLabelString, buttonLabel(dialog, _okLabel, "okLabelString", "OK").get(), nullptr);
+        lm::setText(dialog, XmNokLabelString, buttonLabel(dialog, _okLabel, "okLabelString", "OK").get());
     stock.showChild(XmDIALOG_OK_BUTTON, showOK);
 
     XtAddCallback(dialog, XmNcancelCallback, cancelXtCallback, this);
     addIfGiven(dialog, XmNcancelCallback, cancelCB, clientData);
     if (showCancel)
-        XtVaSetValues(dialog, XmNcancelLabelString,
-                      buttonLabel(dialog, _cancelLabel, "cancelLabelString", "Cancel").get(), nullptr);
+        XtVaSetValues(dialog, XmNcancelLabelString, buttonLabel(dialog, _cancelLabel, "cancelLabelString", "Cancel").get(),
+                      nullptr);
     stock.showChild(XmDIALOG_CANCEL_BUTTON, showCancel);
 
     Widget applyButton = applyButtonOf(dialog, showApply);
@@ -303,9 +304,9 @@ void LmDialogManager::fillButtons(Widget dialog, XtCallbackProc okCB, XtCallback
     const char* list = stock.isSelectionBox() ? XmNapplyCallback : XmNactivateCallback;
     if (showApply) {
         const bool filters = stock.isFileSelectionBox();
-        const lm::XmText label = buttonLabel(dialog, _applyLabel, filters ? "filterLabelString" : "applyLabelString",
-                                             filters ? "Filter" : "Apply");
-        XtVaSetValues(caller, stock.isSelectionBox() ? XmNapplyLabelString : XmNlabelString, label.get(), nullptr);
+        const lm::XmText label =
+            buttonLabel(dialog, _applyLabel, filters ? "filterLabelString" : "applyLabelString", filters ? "Filter" : "Apply");
+        lm::setText(caller, stock.isSelectionBox() ? XmNapplyLabelString : XmNlabelString, label.get());
     }
     lm::setManaged(applyButton, showApply);
     if (caller) {
@@ -348,8 +349,7 @@ Widget LmDialogManager::post(const char* message, XtCallbackProc okCB, XtCallbac
 }
 
 Widget LmDialogManager::postModal(const char* message, XtCallbackProc okCB, XtCallbackProc cancelCB, XtCallbackProc applyCB,
-                                  XtPointer clientData, const char* helpString, LmSimpleWindow* parentWindow,
-                                  Widget parentWidget)
+                                  XtPointer clientData, const char* helpString, LmSimpleWindow* parentWindow, Widget parentWidget)
 {
     _parentWidget = parentWidget;
     Widget dialog = prepost(message, okCB, cancelCB, applyCB, clientData, helpString, parentWindow);
@@ -429,8 +429,8 @@ LmDialogManager::LmDialogReason LmDialogManager::postAndWait(const char* message
 void LmDialogManager::untilAnswered(Wait& wait)
 {
     const lm::Watch here(liveness());
-    while (here && wait.watch && (_keepPosted ? wait.answer == REASON_NONE : XtIsManaged(wait.dialog) != False))
-        lm::dispatchNextEvent();
+    lm::dispatchUntil(
+        [&] { return !here || !wait.watch || (_keepPosted ? wait.answer != REASON_NONE : !XtIsManaged(wait.dialog)); });
     if (here)
         std::erase(_waits, &wait);
 }
@@ -441,20 +441,23 @@ static bool isExposeOf(const XEvent& event, Widget w)
     return event.type == Expose && XtIsRealized(w) && event.xexpose.window == XtWindow(w);
 }
 
+static void setFlag(XtPointer flag, XtIntervalId*) noexcept { *static_cast<bool*>(flag) = true; }
+
 /// Waits until a dialog is drawn: its first expose event, 25 events of others, or a second, whichever comes first.
 static void waitUntilDrawn(Widget dialog, const lm::WidgetWatch& watch)
 {
-    lm::Deadline second(1000);
-    for (int others = 0; others < 25 && watch && XtIsManaged(dialog);) {
-        XEvent event;
-        if (!second.nextEvent(&event))
-            return;
-        const bool drawn = watch && isExposeOf(event, dialog);
-        lm::dispatch(&event);
-        if (drawn)
-            return;
-        ++others;
-    }
+    bool drawn = false, late = false;
+    int others = 0;
+    lm::TimerHandle timer(XtAppAddTimeOut(theApplication->appContext(), 1000, setFlag, &late));
+    lm::dispatchUntil([&] { return drawn || others >= 25 || late || !watch || !XtIsManaged(dialog); },
+                      [&](const XEvent& event) {
+                          if (watch && isExposeOf(event, dialog))
+                              drawn = true;
+                          else
+                              ++others;
+                      });
+    if (late)
+        timer.fired();
 }
 
 void LmDialogManager::waitForDialog(Widget dialog, LmSimpleWindow* parentWindow, Widget parentWidget)
@@ -567,11 +570,17 @@ void LmDialogManager::unpostAll()
 
 // --- placing -----------------------------------------------------------------------------------------------------------
 
-static lm::Rect onScreen(Widget w)
+static lm::Rect sizeOf(Widget w)
 {
     Dimension width = 0, height = 0;
     XtVaGetValues(w, XmNwidth, &width, XmNheight, &height, nullptr);
-    lm::Rect place = {0, 0, width, height};
+    return {0, 0, width, height};
+}
+
+/// Where the widget's window is; asks the server.
+static lm::Rect onScreen(Widget w)
+{
+    lm::Rect place = sizeOf(w);
     Window child = None;
     XTranslateCoordinates(XtDisplay(w), XtWindow(w), RootWindowOfScreen(XtScreen(w)), 0, 0, &place.x, &place.y, &child);
     return place;
@@ -581,8 +590,9 @@ void LmRepositionDialog(Widget dialog, Widget parent, bool force)
 {
     if (!isUsable(dialog) || !isUsable(parent) || !XtIsRealized(dialog) || !XtIsRealized(parent))
         return;
-    const lm::Rect over = onScreen(parent), now = onScreen(dialog);
-    const std::optional<lm::Point> place = force ? lm::centredOver(over, now) : lm::recentred(over, now);
+    const lm::Rect over = onScreen(parent);
+    const std::optional<lm::Point> place =
+        force ? lm::centredOver(over, sizeOf(dialog)) : lm::recentred(over, onScreen(dialog));
     if (!place)
         return;
     const std::string geometry = LmFormat("+%d+%d", place->x, place->y);

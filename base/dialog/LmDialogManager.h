@@ -103,9 +103,8 @@ public:
                              LmSimpleWindow* parentWindow = nullptr, Widget parentWidget = nullptr);
     /// The same, and runs events until the dialog is down. Returns null when the dialog was destroyed meanwhile.
     virtual Widget postBlocked(const char* message, XtCallbackProc okCB = nullptr, XtCallbackProc cancelCB = nullptr,
-                               XtCallbackProc applyCB = nullptr, XtPointer clientData = nullptr,
-                               const char* helpString = nullptr, LmSimpleWindow* parentWindow = nullptr,
-                               Widget parentWidget = nullptr);
+                               XtCallbackProc applyCB = nullptr, XtPointer clientData = nullptr, const char* helpString = nullptr,
+                               LmSimpleWindow* parentWindow = nullptr, Widget parentWidget = nullptr);
     /// Posts modally, runs events until the user has answered, and returns the answer. The three flags say which buttons
     /// this posting shows: 1 shown, 0 not, negative as the manager has it.
     virtual LmDialogReason postAndWait(const char* message, int showOK, int showCancel, int showApply, const char* helpString,
@@ -197,8 +196,8 @@ private:
     LmDialogReason waitForAnswer(const char* message, const char* helpString, LmSimpleWindow* parentWindow, Widget parentWidget);
 
     std::string _title, _okLabel, _cancelLabel, _applyLabel;   // for the next posting only; empty: the default
-    LmDialog* _cache = nullptr;                                 // first entry; owned
-    std::vector<Wait*> _waits;                                  // innermost last
+    LmDialog* _cache = nullptr;                                // first entry; owned
+    std::vector<Wait*> _waits;                                 // innermost last
 };
 
 /// Centres a dialog over its parent, when both have windows. Without `force` a dialog that lies within the parent stays,

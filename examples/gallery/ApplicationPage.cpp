@@ -22,8 +22,8 @@ ApplicationPage::ApplicationPage(Widget parent, LmSimpleWindow* window) : Page("
 
     Widget titleRow = row::across("titleRow", column);
     row::label("titleLabel", titleRow);
-    _title = XtVaCreateManagedWidget("titleField", xmTextFieldWidgetClass, titleRow, XmNcolumns, 24, XmNvalue,
-                                     window->getTitle(), nullptr);
+    _title = XtVaCreateManagedWidget("titleField", xmTextFieldWidgetClass, titleRow, XmNcolumns, 24, XmNvalue, window->getTitle(),
+                                     nullptr);
     lm::on<&ApplicationPage::setTitle>(_title, XmNactivateCallback, this);
     lm::on<&ApplicationPage::setTitle>(row::button("setTitle", titleRow), XmNactivateCallback, this);
 
@@ -37,8 +37,8 @@ ApplicationPage::ApplicationPage(Widget parent, LmSimpleWindow* window) : Page("
     Widget workRow = row::across("workRow", column);
     lm::on<&ApplicationPage::beginWork>(row::button("work", workRow), XmNactivateCallback, this);
     _progress = XtVaCreateManagedWidget("progress", xmScaleWidgetClass, workRow, XmNorientation, XmHORIZONTAL, XmNsliderVisual,
-                                        XmFOREGROUND_COLOR, XmNslidingMode, XmTHERMOMETER, XmNeditable, False, XmNscaleWidth,
-                                        240, nullptr);
+                                        XmFOREGROUND_COLOR, XmNslidingMode, XmTHERMOMETER, XmNeditable, False, XmNscaleWidth, 240,
+                                        nullptr);
 }
 
 bool ApplicationPage::mayClose() const { return !XmToggleButtonGetState(_refuse); }

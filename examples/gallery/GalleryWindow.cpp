@@ -1,5 +1,7 @@
 #include "GalleryWindow.h"
 
+#include "DialogPage.h"
+
 #include <Lm/support/handles.h>
 #include <Lm/support/resources.h>
 #include <Lm/support/xt.h>
@@ -32,6 +34,7 @@ void GalleryWindow::addPages()
 {
     _pages.push_back(std::make_unique<ApplicationPage>(_deck, this));
     _applicationPage = static_cast<ApplicationPage*>(_pages.back().get());
+    _pages.push_back(std::make_unique<DialogPage>(_deck, this));
     for (const auto& page : _pages) {
         const lm::XmText title(XmStringCreateLocalized(lm::xtText(page->title())));
         XmListAddItemUnselected(_list, title.get(), 0);

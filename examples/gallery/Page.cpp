@@ -31,8 +31,8 @@ Page::Page(const char* name, Widget parent) : LmComponent(name)
                                                XmALIGNMENT_BEGINNING, XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, head,
                                                XmNtopOffset, margin / 2, XmNleftAttachment, XmATTACH_FORM, nullptr);
     _body = XtVaCreateManagedWidget("body", xmFormWidgetClass, _w, XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, paragraph,
-                                    XmNtopOffset, 2 * margin, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment,
-                                    XmATTACH_FORM, XmNbottomAttachment, XmATTACH_FORM, nullptr);
+                                    XmNtopOffset, 2 * margin, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM,
+                                    XmNbottomAttachment, XmATTACH_FORM, nullptr);
 }
 
 static Widget rowOf(const char* name, Widget parent, unsigned char orientation)

@@ -25,7 +25,8 @@ static void run(unsigned long milliseconds)
 {
     bool over = false;
     XtAppContext context = theApplication->appContext();
-    XtAppAddTimeOut(context, milliseconds, [](XtPointer flag, XtIntervalId*) { *static_cast<bool*>(flag) = true; }, &over);
+    XtAppAddTimeOut(
+        context, milliseconds, [](XtPointer flag, XtIntervalId*) { *static_cast<bool*>(flag) = true; }, &over);
     while (!over)
         XtAppProcessEvent(context, XtIMAll);
     theApplication->handlePendingEvents();

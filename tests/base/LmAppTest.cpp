@@ -67,21 +67,23 @@ struct AppStart : testing::Test {};
 TEST(AppStart, TheCommandLineIsTakenApart)
 {
     EXPECT_EQ(exitStatusOf([] {
-        Program program({"/some/where/prog", "-iconic", "a", "-speed", "9", "-debugLevel", "3", "-geometry", "300x200+5+6", "b"});
-        const LmApp& app = *program.application;
-        EXPECT_STREQ(app.name(), "prog");
-        EXPECT_EQ(program.count, 3);
-        EXPECT_EQ(app.argc(), 3);
-        EXPECT_STREQ(app.argv(1), "a");
-        EXPECT_STREQ(app.argv(2), "b");
-        EXPECT_EQ(app.argv(3), nullptr);
-        EXPECT_EQ(app.argv(-1), nullptr);
-        EXPECT_EQ(databaseValue("prog.speed"), "9");
-        EXPECT_EQ(databaseValue("prog.debugLevel"), "3");
-        EXPECT_STREQ(app.shellGeometry(), "300x200+5+6");
-        EXPECT_TRUE(app.iconic());
-        EXPECT_EQ(databaseValue("prog.helpMenu.mnemonic"), "H");
-    }), 0);
+                  Program program(
+                      {"/some/where/prog", "-iconic", "a", "-speed", "9", "-debugLevel", "3", "-geometry", "300x200+5+6", "b"});
+                  const LmApp& app = *program.application;
+                  EXPECT_STREQ(app.name(), "prog");
+                  EXPECT_EQ(program.count, 3);
+                  EXPECT_EQ(app.argc(), 3);
+                  EXPECT_STREQ(app.argv(1), "a");
+                  EXPECT_STREQ(app.argv(2), "b");
+                  EXPECT_EQ(app.argv(3), nullptr);
+                  EXPECT_EQ(app.argv(-1), nullptr);
+                  EXPECT_EQ(databaseValue("prog.speed"), "9");
+                  EXPECT_EQ(databaseValue("prog.debugLevel"), "3");
+                  EXPECT_STREQ(app.shellGeometry(), "300x200+5+6");
+                  EXPECT_TRUE(app.iconic());
+                  EXPECT_EQ(databaseValue("prog.helpMenu.mnemonic"), "H");
+              }),
+              0);
 }
 
 TEST(AppStart, OddProgramNamesAndLocalesAreSurvived)
@@ -94,15 +96,17 @@ TEST(AppStart, OddProgramNamesAndLocalesAreSurvived)
     for (const Case& c : {Case{nullptr, "main"}, Case{"", "main"}, Case{"dir/", "main"}, Case{"a/b/c", "c"},
                           Case{fourKilobytes.c_str(), fourKilobytes.c_str()}}) {
         EXPECT_EQ(exitStatusOf([&] {
-            setenv("LC_ALL", "xx_YY", 1);
-            std::string name = c.name ? c.name : "";
-            char* arguments[] = {c.name ? name.data() : nullptr, nullptr};
-            int count = c.name ? 1 : 0;
-            LmApp app("Prog", &count, arguments, nullptr, 0);
-            EXPECT_STREQ(app.name(), c.expected);
-            (new LmSimpleWindow("window"))->show();
-            app.handlePendingEvents();
-        }), 0) << c.expected;
+                      setenv("LC_ALL", "xx_YY", 1);
+                      std::string name = c.name ? c.name : "";
+                      char* arguments[] = {c.name ? name.data() : nullptr, nullptr};
+                      int count = c.name ? 1 : 0;
+                      LmApp app("Prog", &count, arguments, nullptr, 0);
+                      EXPECT_STREQ(app.name(), c.expected);
+                      (new LmSimpleWindow("window"))->show();
+                      app.handlePendingEvents();
+                  }),
+                  0)
+            << c.expected;
     }
     EXPECT_EQ(exitStatusOf([] { LmApp app("Prog", nullptr, nullptr, nullptr, 0); }), 0);
 }
@@ -116,9 +120,10 @@ TEST(AppStart, WithoutDisplayOrApplicationTheProgramEndsAndSaysWhy)
     };
     EXPECT_EQ(saying([] { new LmSimpleWindow("early"); }), "1 LmSimpleWindow: construct the application object first\n");
     EXPECT_EQ(saying([] {
-        setenv("DISPLAY", ":987", 1);
-        Program program({"prog"});
-    }), "1 Error: Prog: Can't Open Display\n");
+                  setenv("DISPLAY", ":987", 1);
+                  Program program({"prog"});
+              }),
+              "1 Error: Prog: Can't Open Display\n");
 }
 
 TEST(AppStart, TheSearchPathIsExtendedOnce)
@@ -140,19 +145,20 @@ TEST(AppStart, TheSearchPathIsExtendedOnce)
 TEST(AppStart, AnExistingApplicationIsAdoptedOnce)
 {
     EXPECT_EQ(exitStatusOf([] {
-        XtAppContext context;
-        int argc = 0;
-        Widget shell = XtVaOpenApplication(&context, "Theirs", nullptr, 0, &argc, nullptr, nullptr, applicationShellWidgetClass,
-                                           nullptr);
-        LmCreateAppStub(shell);
-        LmApp* first = theApplication;
-        LmCreateAppStub(shell);
-        EXPECT_EQ(theApplication, first);
-        EXPECT_EQ(first->appContext(), context);
-        EXPECT_STREQ(first->applicationClass(), "Theirs");
-        EXPECT_EQ(first->baseWidget(), shell);
-        EXPECT_EQ(first->mainWindow(), nullptr);
-    }), 0);
+                  XtAppContext context;
+                  int argc = 0;
+                  Widget shell = XtVaOpenApplication(&context, "Theirs", nullptr, 0, &argc, nullptr, nullptr,
+                                                     applicationShellWidgetClass, nullptr);
+                  LmCreateAppStub(shell);
+                  LmApp* first = theApplication;
+                  LmCreateAppStub(shell);
+                  EXPECT_EQ(theApplication, first);
+                  EXPECT_EQ(first->appContext(), context);
+                  EXPECT_STREQ(first->applicationClass(), "Theirs");
+                  EXPECT_EQ(first->baseWidget(), shell);
+                  EXPECT_EQ(first->mainWindow(), nullptr);
+              }),
+              0);
 }
 
 /// Kills the server under a program of its own and measures how long the program takes to end, and how.
@@ -223,12 +229,13 @@ TEST_F(AppOnScreen, QuittingAsksEveryWindowAndTheMainWindowLast)
 TEST(AppStart, TheLastWindowEndsTheProgram)
 {
     EXPECT_EQ(exitStatusOf([] {
-        Program program({"prog"});
-        auto* window = new Picky("only");
-        window->show();
-        delete window;
-        _exit(9);   // never reached
-    }), 0);
+                  Program program({"prog"});
+                  auto* window = new Picky("only");
+                  window->show();
+                  delete window;
+                  _exit(9);   // never reached
+              }),
+              0);
 }
 
 TEST_F(AppOnScreen, BusyNestsBlocksInputAndReturns)
@@ -277,11 +284,12 @@ TEST_F(AppOnScreen, PendingEventsAreHandledAndAFloodIsNot)
 
     int pipe[2];
     ASSERT_EQ(::pipe(pipe), 0);
-    const XtInputId flood = XtAppAddInput(app().appContext(), pipe[0], reinterpret_cast<XtPointer>(XtInputReadMask),
-                                          [](XtPointer, int*, XtInputId*) {}, nullptr);
+    const XtInputId flood = XtAppAddInput(
+        app().appContext(), pipe[0], reinterpret_cast<XtPointer>(XtInputReadMask), [](XtPointer, int*, XtInputId*) {}, nullptr);
     ASSERT_EQ(write(pipe[1], "x", 1), 1);   // never read
     bool due = false;
-    XtAppAddTimeOut(app().appContext(), 0, [](XtPointer flag, XtIntervalId*) { *static_cast<bool*>(flag) = true; }, &due);
+    XtAppAddTimeOut(
+        app().appContext(), 0, [](XtPointer flag, XtIntervalId*) { *static_cast<bool*>(flag) = true; }, &due);
     XEvent event = {};
     event.type = PropertyNotify;   // of a window that has no widget
     event.xproperty.window = DefaultRootWindow(app().display());
@@ -330,5 +338,6 @@ TEST_F(AppOnScreen, WidgetToolsTellAndDoWhatTheySay)
     ManageChildrenOfWidget(shell());
     EXPECT_TRUE(XtIsManaged(label));
     EXPECT_FALSE(isBeingDestroyed(label));
-    XtAddCallback(label, XmNdestroyCallback, [](Widget w, XtPointer, XtPointer) { EXPECT_TRUE(isBeingDestroyed(w)); }, nullptr);
+    XtAddCallback(
+        label, XmNdestroyCallback, [](Widget w, XtPointer, XtPointer) { EXPECT_TRUE(isBeingDestroyed(w)); }, nullptr);
 }

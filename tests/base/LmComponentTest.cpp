@@ -82,7 +82,8 @@ TEST_F(ComponentOnScreen, DeletionInsideItsOwnWidgetsCallbacksIsSafe)
 {
     for (const char* list : {XmNexposeCallback, XmNdestroyCallback, XmNresizeCallback}) {
         auto* panel = new Panel("panel", shell());
-        XtAddCallback(panel->baseWidget(), list, [](Widget, XtPointer p, XtPointer) { delete static_cast<Panel*>(p); }, panel);
+        XtAddCallback(
+            panel->baseWidget(), list, [](Widget, XtPointer p, XtPointer) { delete static_cast<Panel*>(p); }, panel);
         XtManageChild(panel->baseWidget());
         XtPopup(shell(), XtGrabNone);
         settle();

@@ -11,7 +11,7 @@
 #include "LmWarningDialog.h"
 #include "LmWindow.h"
 
-#include <Xm/Label.h>
+#include <Xm/DrawingA.h>
 #include <Xm/MessageB.h>
 #include <Xm/SelectioB.h>
 
@@ -26,7 +26,7 @@ struct Window1 : LmWindow {
     explicit Window1(const char* name) : LmWindow(name) {}
     Widget setUpInterface(Widget parent) override
     {
-        return XtVaCreateWidget("view", xmLabelWidgetClass, parent, XmNwidth, 500, XmNheight, 400, nullptr);
+        return XtVaCreateWidget("view", xmDrawingAreaWidgetClass, parent, XmNwidth, 500, XmNheight, 400, nullptr);
     }
 };
 
@@ -37,17 +37,22 @@ struct DialogOnScreen : OnScreen {
         window->show();
         settleUntil([this] { return isViewable(window->viewWidget()); });
     }
-    /// Does it from inside the next local event loop that idles.
+    /// Does it as soon as a dialog waits for its answer: drawn, and the application no longer busy with showing it.
     void whenWaiting(std::function<void()> action)
     {
         _later.push_back(std::move(action));
-        XtAppAddWorkProc(app().appContext(), [](XtPointer self) -> Boolean {
-            auto& later = static_cast<DialogOnScreen*>(self)->_later;
-            const auto next = std::move(later.back());
-            later.pop_back();
-            next();
-            return True;
-        }, this);
+        XtAppAddWorkProc(
+            app().appContext(),
+            [](XtPointer self) -> Boolean {
+                if (app().busyCount() > 0)
+                    return False;
+                auto& later = static_cast<DialogOnScreen*>(self)->_later;
+                const auto next = std::move(later.back());
+                later.pop_back();
+                next();
+                return True;
+            },
+            this);
     }
     Window1* window = new Window1("window");
 
@@ -60,13 +65,15 @@ Widget button(Widget dialog, unsigned char which) { return XmMessageBoxGetChild(
 std::string buttonsOf(Widget dialog)
 {
     std::string shown;
-    for (const auto& [which, letter] : {std::pair(XmDIALOG_OK_BUTTON, "o"), {XmDIALOG_CANCEL_BUTTON, "c"}, {XmDIALOG_HELP_BUTTON, "h"}}) {
+    for (const auto& [which, letter] :
+         {std::pair(XmDIALOG_OK_BUTTON, "o"), {XmDIALOG_CANCEL_BUTTON, "c"}, {XmDIALOG_HELP_BUTTON, "h"}}) {
         Widget child = XmIsMessageBox(dialog) ? button(dialog, static_cast<unsigned char>(which))
                                               : XmSelectionBoxGetChild(dialog, static_cast<unsigned char>(which));
         if (XtIsManaged(child))
             shown += letter;
     }
-    Widget apply = XmIsMessageBox(dialog) ? XtNameToWidget(dialog, "Apply") : XmSelectionBoxGetChild(dialog, XmDIALOG_APPLY_BUTTON);
+    Widget apply =
+        XmIsMessageBox(dialog) ? XtNameToWidget(dialog, "Apply") : XmSelectionBoxGetChild(dialog, XmDIALOG_APPLY_BUTTON);
     return shown + (apply && XtIsManaged(apply) ? "a" : "");
 }
 
@@ -75,10 +82,7 @@ Reason ask(LmDialogManager& dialog, const char* message = "Go on, please?")
     return dialog.postAndWait(message, -1, -1, -1, nullptr, nullptr, nullptr);
 }
 
-void callBack(LmDialogManager& dialog, const char* list)
-{
-    XtCallCallbacks(dialog.lastPosted(), list, nullptr);
-}
+void callBack(LmDialogManager& dialog, const char* list) { XtCallCallbacks(dialog.lastPosted(), list, nullptr); }
 
 }   // namespace
 
@@ -88,8 +92,8 @@ TEST_F(DialogOnScreen, AnAnsweredQuestionReturnsTheAnswer)
     whenWaiting([&] { click(button(question.lastPosted(), XmDIALOG_OK_BUTTON)); });
     EXPECT_EQ(ask(question), LmDialogManager::REASON_OK);
 
-    whenWaiting([&] { key(XK_Escape); });
     pointAt(window->viewWidget(), 250, 200);   // over the dialog: without a window manager the keys go where the pointer is
+    whenWaiting([&] { key(XK_Escape); });
     EXPECT_EQ(ask(question), LmDialogManager::REASON_CANCEL);
 
     whenWaiting([&] { sendProtocol(XtParent(question.lastPosted()), "WM_DELETE_WINDOW"); });
@@ -176,12 +180,14 @@ TEST_F(DialogOnScreen, ADialogGoesOverItsParentAndStaysInsideIt)
 {
     XtVaSetValues(window->baseWidget(), XmNx, 150, XmNy, 120, nullptr);
     settle();
+    getTheWarningDialog()->setReusePostedDialog(true);
     Widget dialog = getTheWarningDialog()->post("mind the gap", nullptr, nullptr, nullptr, nullptr, nullptr, window);
     settle();
     const auto placeOf = [](Widget w) {
-        Position x = 0, y = 0;
-        XtTranslateCoords(w, 0, 0, &x, &y);
-        return std::pair<int, int>(x, y);
+        int x = 0, y = 0;
+        ::Window child = None;
+        XTranslateCoordinates(app().display(), XtWindow(w), DefaultRootWindow(app().display()), 0, 0, &x, &y, &child);
+        return std::pair(x, y);
     };
     Dimension width = 0, height = 0;
     XtVaGetValues(dialog, XmNwidth, &width, XmNheight, &height, nullptr);
@@ -196,6 +202,7 @@ TEST_F(DialogOnScreen, ADialogGoesOverItsParentAndStaysInsideIt)
     getTheWarningDialog()->unpost();
     getTheWarningDialog()->post("mind it again", nullptr, nullptr, nullptr, nullptr, nullptr, window);
     settle();
+    XtVaGetValues(dialog, XmNwidth, &width, nullptr);
     EXPECT_EQ(placeOf(dialog).first, 150 + (500 - width) / 2);
 }
 
@@ -341,10 +348,11 @@ TEST_F(DialogOnScreen, TheBusyDialogFollowsTheBusyState)
 TEST(FatalDialog, EndsTheProgram)
 {
     EXPECT_EQ(exitStatusOf([] {
-        (new Window1("window"))->show();
-        getTheFatalErrorDialog()->post("it is over");
-        callBack(*getTheFatalErrorDialog(), XmNokCallback);
-    }), 1);
+                  (new Window1("window"))->show();
+                  getTheFatalErrorDialog()->post("it is over");
+                  callBack(*getTheFatalErrorDialog(), XmNokCallback);
+              }),
+              1);
 }
 
 TEST_F(DialogOnScreen, UnderAWindowManagerDialogsBelongToTheirWindow)

@@ -81,10 +81,13 @@ TEST_F(WindowOnScreen, TitlesFollowResourcesAndReachOldAndNewWindowManagers)
     EXPECT_EQ(propertyOf(keeper->baseWidget(), "WM_NAME"), "Known");
     EXPECT_EQ(propertyOf(keeper->baseWidget(), "_NET_WM_NAME"), "Known");
 
-    keeper->setTitle("Gr\xc3\xbc\xc3\x9f" "e");
+    keeper->setTitle("Gr\xc3\xbc\xc3\x9f"
+                     "e");
     keeper->setIconName("small");
-    EXPECT_STREQ(keeper->getTitle(), "Gr\xc3\xbc\xc3\x9f" "e");
-    EXPECT_EQ(propertyOf(keeper->baseWidget(), "_NET_WM_NAME"), "Gr\xc3\xbc\xc3\x9f" "e");
+    EXPECT_STREQ(keeper->getTitle(), "Gr\xc3\xbc\xc3\x9f"
+                                     "e");
+    EXPECT_EQ(propertyOf(keeper->baseWidget(), "_NET_WM_NAME"), "Gr\xc3\xbc\xc3\x9f"
+                                                                "e");
     EXPECT_EQ(propertyOf(keeper->baseWidget(), "_NET_WM_ICON_NAME"), "small");
     EXPECT_EQ(iconNameOf(keeper->baseWidget()), "small");
 

@@ -87,9 +87,8 @@ void settleUntil(const std::function<bool()>& condition, int milliseconds)
             return;
         }
         bool woken = false;   // blocks until something comes, so that work procedures run, but at most 20 ms
-        const XtIntervalId timer = XtAppAddTimeOut(app().appContext(), 20, [](XtPointer flag, XtIntervalId*) {
-            *static_cast<bool*>(flag) = true;
-        }, &woken);
+        const XtIntervalId timer = XtAppAddTimeOut(
+            app().appContext(), 20, [](XtPointer flag, XtIntervalId*) { *static_cast<bool*>(flag) = true; }, &woken);
         XtAppProcessEvent(app().appContext(), XtIMAll);
         if (!woken)
             XtRemoveTimeOut(timer);
@@ -311,9 +310,17 @@ int exitStatusOf(const std::function<void()>& action)
         _exit(testing::Test::HasFailure() ? 77 : 0);
     }
     int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {}
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+int reducedInSanitizer(int times)
+{
+#ifdef __SANITIZE_ADDRESS__
+    return times / 10;
+#else
+    return times;
+#endif
 }
 
 // --- the fixture -------------------------------------------------------------------------------------------------------

@@ -76,13 +76,16 @@ std::string stderrOf(const std::function<void()>& action);
 /// leaves with status 0 when the action returns. Answers the exit status, or 128 + the signal.
 int exitStatusOf(const std::function<void()>& action);
 
+/// How often a long run repeats what it does: a tenth where a sanitizer makes everything slower.
+int reducedInSanitizer(int times);
+
 /// What an object announced under one name, in order, as integers.
 struct Heard {
     Heard(LmCallbackObject& object, const char* name)
     {
-        object.addCallback(name, [](LmCallbackObject*, void* me, void* data) {
-            static_cast<Heard*>(me)->values.push_back(lm::asInt(data));
-        }, this);
+        object.addCallback(
+            name, [](LmCallbackObject*, void* me, void* data) { static_cast<Heard*>(me)->values.push_back(lm::asInt(data)); },
+            this);
     }
     std::vector<int> values;
 };

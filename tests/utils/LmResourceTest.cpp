@@ -8,7 +8,6 @@
 #include <Xm/PushBG.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstring>
 
 using namespace lmtest;   // app, OnScreen, setResource, stdoutOf
@@ -175,20 +174,4 @@ TEST_F(ResourceOnScreen, TheProgramsOwnResources)
     EXPECT_EQ(text(LmGetResource("absent", "Absent")), "(null)");
     EXPECT_EQ(text(LmGetDefault(app().display(), "other", "Other", "editor", "Editor")), "ed");
     EXPECT_EQ(text(LmGetDefault(app().display(), "other", "Other", std::string(5000, 'n').c_str(), "E")), "(null)");
-}
-
-TEST_F(ResourceOnScreen, ALookUpTakesMicroseconds)
-{
-    using Clock = std::chrono::steady_clock;
-    setResource("*button.count: 12");
-    const auto start = Clock::now();
-    int sum = 0;
-    for (int i = 0; i < 10000; ++i)
-        sum += asInt("count", XtRInt, "1");
-    const double each = std::chrono::duration<double, std::micro>(Clock::now() - start).count() / 10000;
-
-    EXPECT_EQ(sum, 120000);
-    EXPECT_LT(each, 100);   // a few without sanitizers; this guards against a walk of the database or of the server
-    RecordProperty("microseconds", std::to_string(each));
-    std::printf("%.2f us\n", each);
 }
