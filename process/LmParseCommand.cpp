@@ -26,7 +26,7 @@ static std::string_view unquoted(std::string_view word)
     const char first = word.front();
     if (first != word.back() || (first != '\'' && first != '"'))
         return word;
-    return word.size() == 1 ? std::string_view() : word.substr(1, word.size() - 2);
+    return word.size() == 1 ? word.substr(1) : word.substr(1, word.size() - 2);
 }
 
 static std::string_view withoutLeadingSpaces(std::string_view text)

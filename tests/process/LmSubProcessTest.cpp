@@ -158,7 +158,7 @@ TEST_F(SubProcessOnScreen, WhatAChildReadsWritesAndAnswersArrives)
         run.process = {};
         EXPECT_NE(fcntl(stranger.get(), F_GETFD), -1);
     }
-    { LmSubProcessRep::create("true", 0, 1); }   // never run
+    LmSubProcessRep::create("true", 0, 1);   // never run
     EXPECT_EQ(descriptors(), before);
     EXPECT_EQ(stdoutOf([] { Job("echo inherited", 0, false).untilExit(); }), "inherited\n");
 
@@ -181,7 +181,7 @@ TEST_F(SubProcessOnScreen, AChildGetsACleanStart)
     EXPECT_EQ(std::stoul(fieldOf(second.out, "SigIgn"), nullptr, 16) & 0x11006, 1UL << (SIGQUIT - 1));   // 2, 3, 13, 17
     EXPECT_EQ(fieldOf(second.out, "Pid"), fieldOf(second.out, "NSsid"));
     EXPECT_EQ(fieldOf(second.out, "Pid"), fieldOf(second.out, "NSpgid"));
-    EXPECT_EQ(third.untilExit().out, "0\n1\n2\n3\n");   // 3 is the folder that ls reads
+    EXPECT_EQ(third.untilExit().out, "0\n1\n2\n3\n");                               // 3 is the folder that ls reads
     EXPECT_EQ(fourth.untilExit().out.find("XFILESEARCHPATH"), std::string::npos);   // the application has one by now
     EXPECT_NE(fourth.out.find("LUMORA_DATA="), std::string::npos);
 
@@ -240,9 +240,9 @@ TEST_F(SubProcessOnScreen, NothingWrittenBeforeTheExitIsMissingAtTheExit)
         {   // no handle is kept: the record dies with its exit
             RPtr_LmSubProcessRep process = LmSubProcessRep::create("head -c 60000 /dev/zero", 0, 0);
             process->addCallback(LmSubProcessRep::stdoutCallback, Job::read, &text);
-            process->addCallback(LmSubProcessRep::exitCallback, [](LmCallbackObject*, void* count, void*) {
-                ++*static_cast<int*>(count);
-            }, &exits);
+            process->addCallback(
+                LmSubProcessRep::exitCallback, [](LmCallbackObject*, void* count, void*) { ++*static_cast<int*>(count); },
+                &exits);
             process->run();
         }
         settleUntil([&] { return exits > before; });
@@ -250,7 +250,8 @@ TEST_F(SubProcessOnScreen, NothingWrittenBeforeTheExitIsMissingAtTheExit)
     }
 
     RPtr_LmSubProcessRep unread = LmSubProcessRep::create("echo x", 0, 0);   // a receiver that takes nothing stops nobody
-    unread->addCallback(LmSubProcessRep::stdoutCallback, [](LmCallbackObject*, void*, void*) {}, nullptr);
+    unread->addCallback(
+        LmSubProcessRep::stdoutCallback, [](LmCallbackObject*, void*, void*) {}, nullptr);
     unread->run();
     settleUntil([&] { return unread->pid() == 0; });
 }
@@ -300,7 +301,7 @@ TEST_F(SubProcessOnScreen, AProgramRunsItsCommandAsOftenAsWanted)
 
 TEST(SubProcessTrouble, WithoutProcessesOrPipesTheUserIsWarnedAndLaterRunsWork)
 {
-    EXPECT_EQ(exitStatusOf([] {
+    const int status = exitStatusOf([] {
         app();
         getTheWarningDialog()->post("Fonts and all are loaded.");
         takeWarning();
@@ -331,17 +332,19 @@ TEST(SubProcessTrouble, WithoutProcessesOrPipesTheUserIsWarnedAndLaterRunsWork)
         settleUntil([&] { return process->pid() == 0 && out == "x\n"; });
         process = {};
         EXPECT_EQ(descriptors(), before);
-    }), 0);
-    EXPECT_EQ(exitStatusOf([] {
+    });
+    EXPECT_EQ(status, 0);
+    const int withoutPipe = exitStatusOf([] {
         app();
-        const Limit noDescriptors(RLIMIT_NOFILE, firstFree());
+        static const Limit noDescriptors(RLIMIT_NOFILE, firstFree());
         LmSubProcessRep::create("true", 0, 0);
-    }), 255);
+    });
+    EXPECT_EQ(withoutPipe, 255);
 }
 
 TEST(SubProcessTrouble, AProgramWithoutStandardDescriptorsRunsCommands)
 {
-    EXPECT_EQ(exitStatusOf([] {
+    const int status = exitStatusOf([] {
         for (int fd = 0; fd < 3; ++fd)
             close(fd);
         app();   // the connection to the server is 0 now
@@ -352,12 +355,13 @@ TEST(SubProcessTrouble, AProgramWithoutStandardDescriptorsRunsCommands)
         Job missing("/no/such", 0, false);
         EXPECT_EQ(missing.untilExit().exits, std::vector<int>{ENOENT << 8});
         settle();   // what the children said did not go to the server
-    }), 0);
+    });
+    EXPECT_EQ(status, 0);
 }
 
 TEST(ExecCommandOnChildren, CommandsAreLeftToThemselvesAndTakenUp)
 {
-    EXPECT_EQ(exitStatusOf([] {
+    const int answer = exitStatusOf([] {
         int status = -1;
         const int missing = LmExecCommand("/no/such/program", 0);
         EXPECT_EQ(waitpid(missing, &status, 0), missing);
@@ -386,7 +390,8 @@ TEST(ExecCommandOnChildren, CommandsAreLeftToThemselvesAndTakenUp)
         EXPECT_EQ(errno, EDOM);
         EXPECT_EQ(kill(sleeper, SIGKILL), 0);
         EXPECT_EQ(LmExecCommand(nullptr, 0), -1);
-    }), 0);
+    });
+    EXPECT_EQ(answer, 0);
 }
 
 TEST_F(SubProcessLongRun, ThousandsOfChildrenOneAfterAnother)
