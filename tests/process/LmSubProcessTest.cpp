@@ -364,8 +364,9 @@ TEST(SubProcessTrouble, AProgramWithoutStandardDescriptorsRunsCommands)
                 closeThem();
             }
             Job captured("sh -c 'cat; echo out; echo err >&2'", 1), plain("ls /proc/self/fd /no/such", 0, false);
+            EXPECT_EQ(write(captured.process->inputFd(), "in\n", 3), 3);
             captured.process->closeInput();
-            EXPECT_EQ(captured.untilExit().out + captured.err, "out\nerr\n");
+            EXPECT_EQ(captured.untilExit().out + captured.err, "in\nout\nerr\n");
             EXPECT_EQ(plain.untilExit().exits, std::vector<int>{2 << 8});
             Job missing("/no/such", 0, false);
             EXPECT_EQ(missing.untilExit().exits, std::vector<int>{ENOENT << 8});
