@@ -2,6 +2,7 @@
 
 #include "DialogPage.h"
 #include "MenuPage.h"
+#include "PreferencePage.h"
 #include "SearchPage.h"
 
 #include <Lm/LmApp.h>
@@ -62,6 +63,11 @@ Widget GalleryWindow::setUpInterface(Widget parent)
     return form;
 }
 
+Boolean GalleryWindow::okToQuit()
+{
+    return !_applicationPage || (_applicationPage->mayClose() && _preferencePage->mayClose());
+}
+
 void GalleryWindow::addPages()
 {
     _pages.push_back(std::make_unique<ApplicationPage>(_deck, this));
@@ -69,6 +75,8 @@ void GalleryWindow::addPages()
     _pages.push_back(std::make_unique<MenuPage>(_deck));
     _menuPage = static_cast<MenuPage*>(_pages.back().get());
     _pages.push_back(std::make_unique<DialogPage>(_deck, this));
+    _pages.push_back(std::make_unique<PreferencePage>(_deck, this));
+    _preferencePage = static_cast<PreferencePage*>(_pages.back().get());
     _pages.push_back(std::make_unique<SearchPage>(_deck));
     for (const auto& page : _pages) {
         const lm::XmText title(XmStringCreateLocalized(lm::xtText(page->title())));

@@ -12,6 +12,7 @@
 #include <vector>
 
 class MenuPage;
+class PreferencePage;
 
 class GalleryWindow : public LmWindow {
 public:
@@ -19,7 +20,7 @@ public:
 
     const char* className() override { return "GalleryWindow"; }
     Widget setUpInterface(Widget parent) override;
-    Boolean okToQuit() override { return !_applicationPage || _applicationPage->mayClose(); }
+    Boolean okToQuit() override;
 
     int pageCount() const { return static_cast<int>(_pages.size()); }
     const Page& page(int index) const { return *_pages[static_cast<size_t>(index)]; }
@@ -43,4 +44,5 @@ private:
     std::vector<std::unique_ptr<Page>> _pages;
     ApplicationPage* _applicationPage = nullptr;   // one of them
     MenuPage* _menuPage = nullptr;                 // another
+    PreferencePage* _preferencePage = nullptr;     // and a third
 };

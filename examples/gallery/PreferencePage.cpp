@@ -1,5 +1,7 @@
 #include "PreferencePage.h"
 
+#include <Lm/LmApp.h>
+#include <Lm/LmInterruptDialog.h>
 #include <Lm/LmQuestionDialog.h>
 #include <Lm/support/calldata.h>
 #include <Lm/support/xmtext.h>
@@ -9,6 +11,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <span>
 #include <string>
 
 // --- the sheet ---------------------------------------------------------------------------------------------------------
@@ -18,12 +21,13 @@ GalleryPreferences::GalleryPreferences() : LmPrefDialog("galleryPreferences", &_
     heads.setLabel(0, "As the text");
     heads.setLabel(1, "Blue");
     heads.setLabel(2, "Green");
-    listLeft.setValue(true);
+    showTexts.setValue(true);
+    plainBusy.setValue(true);
     _toggles.addItem(&askAtClose);
-    _toggles.addItem(&beepAtEnd);
-    _list.addItem(&listLeft);
-    _list.addItem(&listHidden);
-    for (LmPrefItem* item : std::initializer_list<LmPrefItem*>{&title, &heads, &_toggles, &_list, &_custom})
+    _toggles.addItem(&showTexts);
+    _busy.addItem(&plainBusy);
+    _busy.addItem(&stoppableBusy);
+    for (LmPrefItem* item : std::initializer_list<LmPrefItem*>{&title, &heads, &_toggles, &_busy, &_custom})
         _general.addItem(item);
     _person.addItem(&author);
     for (LmPrefItem* item : std::initializer_list<LmPrefItem*>{&_text, &_general, &_line, &_person, &_gap})
@@ -39,8 +43,7 @@ Widget GalleryPreferences::createDialog(Widget parent)
 
 // --- the page ----------------------------------------------------------------------------------------------------------
 
-PreferencePage::PreferencePage(Widget parent, LmSimpleWindow* window, Widget list)
-    : Page("preferencePage", parent), _window(window), _list(list)
+PreferencePage::PreferencePage(Widget parent, LmSimpleWindow* window) : Page("preferencePage", parent), _window(window)
 {
     Widget column = row::down("column", body());
     lm::on<&PreferencePage::post>(row::button("preferences", column), XmNactivateCallback, this);
@@ -67,16 +70,14 @@ void PreferencePage::preferencesChosen(LmCallbackObject*, void*, void* reason)
         return;
     const std::string title = textOf(_preferences.title), author = textOf(_preferences.author);
     _window->setTitle(title.c_str());
-    if (_preferences.listHidden.getValue())
-        XtUnmanageChild(XtParent(_list));
-    else
-        XtManageChild(XtParent(_list));
-    colourHeads();
+    theApplication->setBusyDialog(_preferences.stoppableBusy.getValue() ? getTheInterruptDialog() : nullptr);
+    dressPages();
     const std::string state = "Title “" + title + "”, by " + (author.empty() ? "nobody" : author) + ".";
     XtVaSetValues(_state, XmNlabelString, lm::compound(state.c_str()).get(), nullptr);
 }
 
-void PreferencePage::colourHeads()
+/// Gives the heads of all pages their colour, and shows or hides the texts below.
+void PreferencePage::dressPages()
 {
     static const char* const colours[] = {nullptr, "#1f4e9c", "#1d6b3a"};
     const char* colour = colours[_preferences.heads.getValue()];
@@ -85,12 +86,15 @@ void PreferencePage::colourHeads()
     WidgetList pages = nullptr;
     Cardinal count = 0;
     XtVaGetValues(XtParent(_w), XmNchildren, &pages, XmNnumChildren, &count, nullptr);
-    for (Cardinal i = 0; i < count; ++i) {
-        Widget head = XtNameToWidget(pages[i], "pageTitle");
-        if (head && colour)
+    for (Widget page : std::span(pages, count)) {
+        Widget head = XtNameToWidget(page, "pageTitle"), text = XtNameToWidget(page, "pageText");
+        if (!head || !text)
+            continue;
+        if (colour)
             XtVaSetValues(head, XtVaTypedArg, XmNforeground, XmRString, colour, 8, nullptr);
-        else if (head)
+        else
             XtVaSetValues(head, XmNforeground, foreground, nullptr);
+        XtSetMappedWhenManaged(text, _preferences.showTexts.getValue());
     }
 }
 

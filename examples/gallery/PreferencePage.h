@@ -26,9 +26,9 @@ public:
     LmPrefText title{"prefTitle", 24};
     LmPrefOption heads{"prefHeads", 3};                     // the colour of page heads
     LmPrefToggle askAtClose{"prefAskAtClose", false};       // ask before the window closes
-    LmPrefToggle beepAtEnd{"prefBeepAtEnd", false};         // ring the bell when work is done
-    LmPrefToggle listLeft{"prefListLeft", false};           // where the list of pages stands
-    LmPrefToggle listHidden{"prefListHidden", false};
+    LmPrefToggle showTexts{"prefShowTexts", false};         // the explanation below each page's head
+    LmPrefToggle plainBusy{"prefPlainBusy", false};         // which dialog shows what busy work does
+    LmPrefToggle stoppableBusy{"prefStoppableBusy", false};
     LmPrefText author{"prefAuthor", 16};
 
 private:
@@ -37,7 +37,7 @@ private:
     LmPrefEmpty _gap;
     LmPrefCustom _custom{"prefCustom"};
     LmPrefGroup _toggles{"prefToggles", true, false};
-    LmPrefRadio _list{"prefList", true, false};
+    LmPrefRadio _busy{"prefBusy", true, false};
     LmPrefGroup _person{"prefPerson", false, true};
     LmPrefGroup _general{"prefGeneral", false, true};
     LmPrefList _sheet{"prefSheet"};
@@ -45,7 +45,7 @@ private:
 
 class PreferencePage : public Page {
 public:
-    PreferencePage(Widget parent, LmSimpleWindow* window, Widget list);
+    PreferencePage(Widget parent, LmSimpleWindow* window);
 
     const char* className() override { return "PreferencePage"; }
     /// Whether the window may close: asks, when the user wants that.
@@ -54,10 +54,9 @@ public:
 private:
     void post();
     void preferencesChosen(LmCallbackObject* dialog, void* clientData, void* reason);
-    void colourHeads();
+    void dressPages();
 
     LmSimpleWindow* _window;
-    Widget _list;   // of the pages
     Widget _state;
     GalleryPreferences _preferences;
 };
