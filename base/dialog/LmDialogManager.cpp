@@ -2,7 +2,6 @@
 
 #include "LmApp.h"
 #include "LmContextHelp.h"
-#include "LmFormat.h"
 #include "LmSimpleWindow.h"
 #include "LmWidgetTools.h"
 #include "base/core/EventLoop.h"
@@ -594,7 +593,8 @@ void LmRepositionDialog(Widget dialog, Widget parent, bool force)
     const std::optional<lm::Point> place = force ? lm::centredOver(over, sizeOf(dialog)) : lm::recentred(over, onScreen(dialog));
     if (!place)
         return;
-    const std::string geometry = LmFormat("+%d+%d", place->x, place->y);
+    // Not by LmFormat: the message now being posted may be its last result.
+    const std::string geometry = "+" + std::to_string(place->x) + "+" + std::to_string(place->y);
     XtVaSetValues(dialog, XmNx, static_cast<Position>(place->x), XmNy, static_cast<Position>(place->y), XmNgeometry,
                   geometry.c_str(), XmNdefaultPosition, False, nullptr);
 }

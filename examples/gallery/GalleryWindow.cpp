@@ -63,10 +63,7 @@ Widget GalleryWindow::setUpInterface(Widget parent)
     return form;
 }
 
-Boolean GalleryWindow::okToQuit()
-{
-    return !_applicationPage || (_applicationPage->mayClose() && _preferencePage->mayClose());
-}
+Boolean GalleryWindow::okToQuit() { return !_applicationPage || (_applicationPage->mayClose() && _preferencePage->mayClose()); }
 
 void GalleryWindow::addPages()
 {
@@ -138,8 +135,8 @@ void GalleryWindow::togglePageList(Widget item, XtPointer window, XtPointer) noe
     Widget list = XtParent(self->_list);
     if (shown)
         XtManageChild(list);
-    XtVaSetValues(self->_deck, XmNleftAttachment, shown ? XmATTACH_WIDGET : XmATTACH_FORM, XmNleftWidget,
-                  shown ? list : nullptr, nullptr);
+    XtVaSetValues(self->_deck, XmNleftAttachment, shown ? XmATTACH_WIDGET : XmATTACH_FORM, XmNleftWidget, shown ? list : nullptr,
+                  nullptr);
     if (!shown)
         XtUnmanageChild(list);
 }

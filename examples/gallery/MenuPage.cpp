@@ -64,9 +64,8 @@ void MenuPage::setFramed(bool framed)
 void MenuPage::pickColour(Widget item, XtPointer page, XtPointer) noexcept
 {
     auto* self = static_cast<MenuPage*>(page);
-    const auto* name = std::find_if(std::begin(colourNames), std::end(colourNames), [item](const char* colour) {
-        return std::strcmp(colour, XtName(item)) == 0;
-    });
+    const auto* name = std::find_if(std::begin(colourNames), std::end(colourNames),
+                                    [item](const char* colour) { return std::strcmp(colour, XtName(item)) == 0; });
     self->_earlier.push_back(self->_colour);
     self->paint(static_cast<int>(name - colourNames));
     getTheUndoManager()->add(*name, undoColour, self);

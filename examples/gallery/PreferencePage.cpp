@@ -52,10 +52,7 @@ PreferencePage::PreferencePage(Widget parent, LmSimpleWindow* window) : Page("pr
     _preferences.addCallback(LmPrefDialog::prefCallback, this, &PreferencePage::preferencesChosen, nullptr);
 }
 
-void PreferencePage::post()
-{
-    _preferences.post(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, _window);
-}
+void PreferencePage::post() { _preferences.post(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, _window); }
 
 static std::string textOf(LmPrefText& item)
 {

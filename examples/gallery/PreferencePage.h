@@ -24,10 +24,10 @@ public:
     Widget createDialog(Widget parent) override;
 
     LmPrefText title{"prefTitle", 24};
-    LmPrefOption heads{"prefHeads", 3};                     // the colour of page heads
-    LmPrefToggle askAtClose{"prefAskAtClose", false};       // ask before the window closes
-    LmPrefToggle showTexts{"prefShowTexts", false};         // the explanation below each page's head
-    LmPrefToggle plainBusy{"prefPlainBusy", false};         // which dialog shows what busy work does
+    LmPrefOption heads{"prefHeads", 3};                 // the colour of page heads
+    LmPrefToggle askAtClose{"prefAskAtClose", false};   // ask before the window closes
+    LmPrefToggle showTexts{"prefShowTexts", false};     // the explanation below each page's head
+    LmPrefToggle plainBusy{"prefPlainBusy", false};     // which dialog shows what busy work does
     LmPrefToggle stoppableBusy{"prefStoppableBusy", false};
     LmPrefText author{"prefAuthor", 16};
 
