@@ -135,6 +135,7 @@ TEST_F(DialogOnScreen, MessagesTitlesAndLabelsMayBeResources)
     EXPECT_EQ(messageAfter(LmFormat("%d files", 3)), "3 files");
     EXPECT_EQ(messageAfter(LmFormat("%d files", 4)), "4 files");
     window->show();
+    settleUntil([&] { return window->iconState() == LmSimpleWindow::OPEN; });
 
     error.setTitle("Trouble");
     error.setButtonLabels(nullptr, "Shut", nullptr);
