@@ -170,7 +170,8 @@ double worstDelay(const std::function<bool()>& isPending)
     double worst = 0;
     while (isPending()) {
         const auto due = Clock::now() + std::chrono::milliseconds(1);
-        XtAppAddTimeOut(theApplication->appContext(), 1, [](XtPointer, XtIntervalId*) {}, nullptr);
+        XtAppAddTimeOut(
+            theApplication->appContext(), 1, [](XtPointer, XtIntervalId*) {}, nullptr);
         XtAppProcessEvent(theApplication->appContext(), XtIMTimer);
         worst = std::max(worst, std::chrono::duration<double, std::milli>(Clock::now() - due).count());
     }

@@ -23,9 +23,10 @@ static constexpr int firstRoom = 3;
 LmMenu::LmMenu() : LmMenu("menu") {}
 
 LmMenu::LmMenu(const char* name)
-    : LmMenuItem(name), _contents(reinterpret_cast<LmMenuItem**>(XtCalloc(firstRoom, sizeof(LmMenuItem*)))), _maxItems(firstRoom)
-{
-}
+    : LmMenuItem(name),
+      _contents(reinterpret_cast<LmMenuItem**>(XtCalloc(firstRoom, sizeof(LmMenuItem*)))),
+      _maxItems(firstRoom)
+{}
 
 LmMenu::LmMenu(const char* name, const LmMenuDesc* desc, XtPointer defaultClientData) : LmMenu(name)
 {

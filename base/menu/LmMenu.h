@@ -124,7 +124,7 @@ protected:
 
     LmMenuItem** _contents;   ///< the items in order; owned, XtMalloc
     int _nItems = 0;
-    int _maxItems;            ///< room in `_contents`
+    int _maxItems;   ///< room in `_contents`
 
 private:
     friend class LmMenuItem;   // leaves the list when it dies

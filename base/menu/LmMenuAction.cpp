@@ -7,13 +7,14 @@
 
 LmMenuAction::LmMenuAction(const char* name, XtCallbackProc callback, XtPointer clientData)
     : LmMenuAction(name, callback, nullptr, clientData)
-{
-}
+{}
 
 LmMenuAction::LmMenuAction(const char* name, XtCallbackProc callback, XtCallbackProc undoCallback, XtPointer clientData)
-    : LmMenuItem(name), _undoCallback(undoCallback), _callback(callback), _clientData(clientData)
-{
-}
+    : LmMenuItem(name),
+      _undoCallback(undoCallback),
+      _callback(callback),
+      _clientData(clientData)
+{}
 
 LmMenuAction::~LmMenuAction()
 {
@@ -53,9 +54,9 @@ void LmMenuActionWidget::build(Widget parent)
 // --- objects and stubs -------------------------------------------------------------------------------------------------
 
 LmMenuActionObject::LmMenuActionObject(const char* name, void* data)
-    : LmMenuAction(name, doitCallback, undoitCallback, this), _objectData(data)
-{
-}
+    : LmMenuAction(name, doitCallback, undoitCallback, this),
+      _objectData(data)
+{}
 
 void LmMenuActionObject::doitCallback(Widget, XtPointer object, XtPointer) noexcept
 {
@@ -71,5 +72,4 @@ void LmMenuActionObject::undoitCallback(Widget, XtPointer object, XtPointer) noe
 
 LmMenuActionStub::LmMenuActionStub(const char* name, XtCallbackProc undoCallback, XtPointer clientData)
     : LmMenuAction(name, undoCallback, undoCallback, clientData)
-{
-}
+{}

@@ -11,13 +11,12 @@ LmMenuBar::LmMenuBar(const char* name, bool showHelpPane) : LmMenu(name), _showH
 
 LmMenuBar::LmMenuBar(const LmMenuDesc* desc, XtPointer defaultClientData, bool showHelpPane)
     : LmMenuBar("menuBar", desc, defaultClientData, showHelpPane)
-{
-}
+{}
 
 LmMenuBar::LmMenuBar(const char* name, const LmMenuDesc* desc, XtPointer defaultClientData, bool showHelpPane)
-    : LmMenu(name, desc, defaultClientData), _showHelpPane(showHelpPane)
-{
-}
+    : LmMenu(name, desc, defaultClientData),
+      _showHelpPane(showHelpPane)
+{}
 
 LmMenuBar::~LmMenuBar() { dropWidget(); }
 

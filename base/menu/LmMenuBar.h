@@ -34,7 +34,7 @@ public:
     LmWindow* ownerWindow() const { return _ownerWindow; }
 
 protected:
-    friend class LmWindow;   // becomes the owner
+    friend class LmWindow;             // becomes the owner
     LmHelpPane* _helpPane = nullptr;   ///< one of the items
     LmWindow* _ownerWindow = nullptr;
     bool _showHelpPane;   ///< whether the help pane is added when the bar is built

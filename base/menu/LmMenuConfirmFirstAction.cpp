@@ -10,8 +10,7 @@
 
 LmMenuConfirmFirstAction::LmMenuConfirmFirstAction(const char* name, XtCallbackProc callback, XtPointer clientData)
     : LmMenuAction(name, callback, clientData)
-{
-}
+{}
 
 void LmMenuConfirmFirstAction::build(Widget parent)
 {

@@ -125,9 +125,8 @@ void LmMenuItem::manageAll()
     Widget* first = _unmanagedWidgets;
     Widget* const end = first + std::exchange(_numUnmanagedWidgets, 0);
     while (first != end) {   // Xt refuses widgets of several parents in one call
-        Widget* const next = std::stable_partition(first, end, [parent = XtParent(*first)](Widget w) {
-            return XtParent(w) == parent;
-        });
+        Widget* const next =
+            std::stable_partition(first, end, [parent = XtParent(*first)](Widget w) { return XtParent(w) == parent; });
         XtManageChildren(first, static_cast<Cardinal>(next - first));
         first = next;
     }

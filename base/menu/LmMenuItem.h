@@ -106,7 +106,7 @@ protected:
     bool _outlivesMenu = false;   ///< whether a dying menu lets go of the item instead of deleting it
 
 private:
-    friend class LmMenu;   // enters and takes out items
+    friend class LmMenu;              // enters and takes out items
     friend class LmMenuAction;        // counts,
     friend class LmMenuUndoManager;   // and so does it
     bool _isNamed;

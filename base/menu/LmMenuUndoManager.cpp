@@ -19,8 +19,7 @@ static std::vector<LmMenuUndoManager*>& managers()
     return all;
 }
 
-LmMenuUndoManager::LmMenuUndoManager(const char* name)
-    : LmMenuAction(name, undoCallback, this), _undoStack(new LmComponentList)
+LmMenuUndoManager::LmMenuUndoManager(const char* name) : LmMenuAction(name, undoCallback, this), _undoStack(new LmComponentList)
 {
     _outlivesMenu = true;
     deactivate();

@@ -11,18 +11,15 @@
 
 LmOptionMenu::LmOptionMenu(const LmMenuDesc* desc, XtPointer defaultClientData)
     : LmOptionMenu("optionMenu", desc, defaultClientData)
-{
-}
+{}
 
 LmOptionMenu::LmOptionMenu(const char* name, const LmMenuDesc* desc, XtPointer defaultClientData)
     : LmMenu(name, desc, defaultClientData)
-{
-}
+{}
 
 LmOptionMenu::LmOptionMenu(Widget parent, const LmMenuDesc* desc, XtPointer defaultClientData)
     : LmOptionMenu(parent, "optionMenu", desc, defaultClientData)
-{
-}
+{}
 
 LmOptionMenu::LmOptionMenu(Widget parent, const char* name, const LmMenuDesc* desc, XtPointer defaultClientData)
     : LmOptionMenu(name, desc, defaultClientData)

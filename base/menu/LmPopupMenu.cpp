@@ -6,20 +6,16 @@
 
 #include <Xm/RowColumn.h>
 
-LmPopupMenu::LmPopupMenu(const LmMenuDesc* desc, XtPointer defaultClientData)
-    : LmPopupMenu("popupMenu", desc, defaultClientData)
-{
-}
+LmPopupMenu::LmPopupMenu(const LmMenuDesc* desc, XtPointer defaultClientData) : LmPopupMenu("popupMenu", desc, defaultClientData)
+{}
 
 LmPopupMenu::LmPopupMenu(const char* name, const LmMenuDesc* desc, XtPointer defaultClientData)
     : LmMenu(name, desc, defaultClientData)
-{
-}
+{}
 
 LmPopupMenu::LmPopupMenu(Widget attachTo, const LmMenuDesc* desc, XtPointer defaultClientData)
     : LmPopupMenu(attachTo, "popupMenu", desc, defaultClientData)
-{
-}
+{}
 
 LmPopupMenu::LmPopupMenu(Widget attachTo, const char* name, const LmMenuDesc* desc, XtPointer defaultClientData)
     : LmPopupMenu(name, desc, defaultClientData)

@@ -29,7 +29,8 @@ static void installTearOffConverter()
 }
 
 LmSubMenu::LmSubMenu(const char* name, const LmMenuDesc* desc, XtPointer defaultClientData, LmSubMenu* sharedMenu)
-    : LmMenu(name, desc, defaultClientData), _sharedMenu(sharedMenu)
+    : LmMenu(name, desc, defaultClientData),
+      _sharedMenu(sharedMenu)
 {
     installTearOffConverter();
 }
@@ -199,8 +200,7 @@ void LmSubMenu::cascading(LmSubMenu* which)
 
 LmRadioSubMenu::LmRadioSubMenu(const char* name, const LmMenuDesc* desc, XtPointer defaultClientData)
     : LmSubMenu(name, desc, defaultClientData, nullptr)
-{
-}
+{}
 
 LmRadioSubMenu::LmRadioSubMenu(Widget parent, const char* name, const LmMenuDesc* desc, XtPointer defaultClientData)
     : LmSubMenu(parent, name, desc, defaultClientData, nullptr)

@@ -44,10 +44,10 @@ public:
     static Boolean buildCallback(XtPointer submenu) noexcept;
 
 protected:
-    Widget _pulldown = nullptr;           ///< our own pane
-    LmSubMenu* _sharedMenu;               ///< null: our own pane is shown
-    lm::WorkProcHandle _workProcId;       ///< empty unless the pane waits to be filled
-    int _tearOff = -1;                    ///< 1 and 0 as showTearOff() said, -1 as resources say
+    Widget _pulldown = nullptr;       ///< our own pane
+    LmSubMenu* _sharedMenu;           ///< null: our own pane is shown
+    lm::WorkProcHandle _workProcId;   ///< empty unless the pane waits to be filled
+    int _tearOff = -1;                ///< 1 and 0 as showTearOff() said, -1 as resources say
 
 private:
     friend class LmMenuItem;   // completes what waits

@@ -130,8 +130,8 @@ void GalleryWindow::togglePageList(Widget item, XtPointer window, XtPointer) noe
     Widget list = XtParent(self->_list);
     if (shown)
         XtManageChild(list);
-    XtVaSetValues(self->_deck, XmNleftAttachment, shown ? XmATTACH_WIDGET : XmATTACH_FORM, XmNleftWidget,
-                  shown ? list : nullptr, nullptr);
+    XtVaSetValues(self->_deck, XmNleftAttachment, shown ? XmATTACH_WIDGET : XmATTACH_FORM, XmNleftWidget, shown ? list : nullptr,
+                  nullptr);
     if (!shown)
         XtUnmanageChild(list);
 }

@@ -39,7 +39,8 @@ MenuPage::MenuPage(Widget parent) : Page("menuPage", parent)
     row::label("sheetHint", column);
     _frame = XtVaCreateManagedWidget("sheetBorder", xmFrameWidgetClass, column, XmNshadowThickness, 4, XmNshadowType,
                                      XmSHADOW_ETCHED_IN, nullptr);
-    _sheet = XtVaCreateManagedWidget("sheet", xmDrawingAreaWidgetClass, _frame, XmNwidth, 420, XmNheight, 220, nullptr);
+    _sheet = XtVaCreateManagedWidget("sheet", xmDrawingAreaWidgetClass, _frame, XmNwidth, 420, XmNheight, 220, XmNresizePolicy,
+                                     XmRESIZE_NONE, nullptr);
     _popup = std::make_unique<LmPopupMenu>(_sheet, "sheetMenu", popupTable, this);
     static_cast<LmMenuToggle*>(_popup->findNamedItem("sheetFrame", false, true))->setVisualState(true);
     paint(0);
@@ -64,9 +65,8 @@ void MenuPage::setFramed(bool framed)
 void MenuPage::pickColour(Widget item, XtPointer page, XtPointer) noexcept
 {
     auto* self = static_cast<MenuPage*>(page);
-    const auto* name = std::find_if(std::begin(colourNames), std::end(colourNames), [item](const char* colour) {
-        return std::strcmp(colour, XtName(item)) == 0;
-    });
+    const auto* name = std::find_if(std::begin(colourNames), std::end(colourNames),
+                                    [item](const char* colour) { return std::strcmp(colour, XtName(item)) == 0; });
     self->_earlier.push_back(self->_colour);
     self->paint(static_cast<int>(name - colourNames));
     getTheUndoManager()->add(*name, undoColour, self);

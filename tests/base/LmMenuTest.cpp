@@ -51,7 +51,7 @@ TEST(MenuModel, ATableMakesItsTreeWithoutWidgets)
 {
     Menu menu(table);
     EXPECT_EQ(menu.names(), "Open Print separator Colours Bold More Erase");
-    const LmMenuItemType types[] = {MENU_ACTION,  MENU_ACTION_WIDGET, MENU_SEPARATOR,           MENU_LABEL,
+    const LmMenuItemType types[] = {MENU_ACTION, MENU_ACTION_WIDGET, MENU_SEPARATOR,           MENU_LABEL,
                                     MENU_TOGGLE, MENU_RADIO_SUBMENU, MENU_CONFIRM_FIRST_ACTION};
     for (int i = 0; i < menu.numItems(); ++i)
         EXPECT_EQ(menu[i]->menuType(), types[i]) << i;

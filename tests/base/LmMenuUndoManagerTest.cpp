@@ -86,12 +86,23 @@ TEST(UndoModel, AHundredThousandRandomOperationsBehaveAsTheSimpleModel)
             actions[which].reset();
             std::erase(model.stack, which);
             break;
-        case 3: case 4: case 5: case 6: case 7: case 8: case 9: case 10:
+        case 3:
+        case 4:
+        case 5:
+        case 6:
+        case 7:
+        case 8:
+        case 9:
+        case 10:
             undone = 0;
             manager.undo();
             ASSERT_EQ(undone, model.undo()) << "step " << step;
             break;
-        case 11: case 12: case 13: case 14: case 15:
+        case 11:
+        case 12:
+        case 13:
+        case 14:
+        case 15:
             manager.add("stub", remember, lm::asPointer(100 + step));
             model.add(100 + step);
             break;
