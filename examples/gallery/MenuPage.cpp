@@ -39,7 +39,8 @@ MenuPage::MenuPage(Widget parent) : Page("menuPage", parent)
     row::label("sheetHint", column);
     _frame = XtVaCreateManagedWidget("sheetBorder", xmFrameWidgetClass, column, XmNshadowThickness, 4, XmNshadowType,
                                      XmSHADOW_ETCHED_IN, nullptr);
-    _sheet = XtVaCreateManagedWidget("sheet", xmDrawingAreaWidgetClass, _frame, XmNwidth, 420, XmNheight, 220, nullptr);
+    _sheet = XtVaCreateManagedWidget("sheet", xmDrawingAreaWidgetClass, _frame, XmNwidth, 420, XmNheight, 220, XmNresizePolicy,
+                                     XmRESIZE_NONE, nullptr);
     _popup = std::make_unique<LmPopupMenu>(_sheet, "sheetMenu", popupTable, this);
     static_cast<LmMenuToggle*>(_popup->findNamedItem("sheetFrame", false, true))->setVisualState(true);
     paint(0);
