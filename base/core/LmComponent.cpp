@@ -1,31 +1,30 @@
 #include "LmComponent.h"
 
-#include "support/handles.h"
+#include "support/PointerSet.h"
 
 #include <X11/IntrinsicP.h>
 #include <X11/StringDefs.h>
+#include <X11/Xresource.h>
 
-#include <cstring>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 
 const char* const LmComponent::deleteCallback = "deleteCallback";
 
 /// The components now alive. isComponent() asks here first: a compiler may drop the last stores of a destructor,
 /// and freed memory must not be read.
-static std::unordered_set<const LmComponent*>& livingComponents()
+static lm::PointerSet& livingComponents()
 {
-    static auto& components = *new std::unordered_set<const LmComponent*>;   // components may outlive every static
+    static auto& components = *new lm::PointerSet;   // components may outlive every static
     return components;
 }
 
 LmComponent::LmComponent() : LmComponent(nullptr) {}
 
-LmComponent::LmComponent(const char* name) : _name(strdup(name ? name : "component")), _self(this)
-{
-    livingComponents().insert(this);
-}
+/// Xt keeps a widget's name for ever, as a quark; sharing it costs the component nothing.
+static const char* keptName(const char* name) { return XrmQuarkToString(XrmStringToQuark(name)); }
+
+LmComponent::LmComponent(const char* name) : _name(keptName(name ? name : "component")) { livingComponents().insert(this); }
 
 LmComponent::~LmComponent()
 {
@@ -37,23 +36,16 @@ LmComponent::~LmComponent()
         XtDestroyWidget(_baseWidget);
         _baseWidget = nullptr;
     }
-    std::free(_name);
-    _name = nullptr;
-    _self = nullptr;
     livingComponents().erase(this);
 }
 
-void LmComponent::setName(const char* name)
-{
-    std::free(_name);
-    _name = strdup(name);
-}
+void LmComponent::setName(const char* name) { _name = keptName(name); }
 
 bool LmComponent::isComponent(LmComponent* component)
 {
     if (!component || !livingComponents().contains(component))
         return false;
-    return component->_self == component && component->_name && static_cast<unsigned char>(component->_name[0]) < 0x80;
+    return static_cast<unsigned char>(component->_name[0]) < 0x80;
 }
 
 void LmComponent::show()

@@ -50,7 +50,7 @@ public:
     /// Runs once, when the base widget is first mapped after a show() of the unrealized widget. Nothing here.
     virtual void afterRealizeHook() {}
 
-    /// The component's own copy of its name.
+    /// The component's name; never freed.
     const char* name() const { return _name; }
     /// The topmost widget; null before the derived class made it and after it was destroyed.
     Widget baseWidget() const { return _baseWidget; }
@@ -81,12 +81,9 @@ private:
     void setName(const char* name);
     friend class LmApp;   // takes its name from the command line
 
-    char* _name;   // owned; malloc
+    const char* _name;   // never freed
 
 protected:
     Widget _baseWidget = nullptr;
     Widget& _w = _baseWidget;   // the same widget, for short
-
-private:
-    LmComponent* _self;   // this object's address while it lives
 };
