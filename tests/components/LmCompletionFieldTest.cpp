@@ -86,6 +86,8 @@ TEST_F(CompletionFieldOnScreen, ATypedSpaceCompletesTheText)
     EXPECT_EQ(typed("b "), "b");
     field->clear(new LmNameList("only one"));
     EXPECT_EQ(typed(" "), "only one");
+    field->clear(new LmNameList(" "));
+    EXPECT_EQ(typed(" "), " ") << "setting it is no completion again";
 }
 
 TEST_F(CompletionFieldOnScreen, ReturnIsAnnouncedAndMayDeleteTheField)

@@ -185,6 +185,7 @@ TEST_F(InputOnScreen, TellsOfTheDescriptorUntilRemoved)
     settle();
     EXPECT_EQ(calls, 2);
 
+    input->attach(second.readEnd.get(), XtInputReadMask);
     input->attach(-1, XtInputReadMask);
     input->attach(0, XtInputNoneMask);
     EXPECT_FALSE(input->isAttached());

@@ -110,6 +110,39 @@ void invokeByHand(Atom type, int format, const std::string& data)
     settle();
 }
 
+/// A start of the instance "other" in a child process. After that many of its requests `happens` is called with another
+/// connection. 0: it handed over; 5: it became the running instance.
+int startDuringWhich(int requests, void (*happens)(Display*))
+{
+    static int requestsLeft;
+    static void (*action)(Display*);
+    requestsLeft = requests;
+    action = happens;
+    return exitStatusOf([] {
+        static char* arguments[] = {nullptr};
+        int count = 0;
+        LmApp application("LmTest", &count, arguments, nullptr, 0);
+        static Display* const other = XOpenDisplay(nullptr);
+        XSetAfterFunction(application.display(), [](Display*) {
+            if (--requestsLeft == 0)
+                action(other);
+            return 0;
+        });
+        const LmNameList words("words");
+        const LmRunOnce once(&words, False, "other", False);
+        XSetAfterFunction(application.display(), nullptr);
+        _exit(5);
+    });
+}
+
+Window ownersWindow(Display* display)
+{
+    const Window window = XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 1, 1, 0, 0, 0);
+    XSetSelectionOwner(display, XInternAtom(display, "other", False), window, CurrentTime);
+    XSync(display, False);
+    return window;
+}
+
 struct RunOnceOnScreen : OnScreen {};
 
 }   // namespace
@@ -204,34 +237,25 @@ TEST_F(RunOnceOnScreen, OnlyGoodArgumentsReplaceThoseOfTheStartBefore)
     EXPECT_EQ(Client().ownerOf(std::string(host.nodename).substr(0, 100) + "_lmtest"), shell);
 }
 
-/// The owner's window goes after a number of requests of the starting program: before it looks, after it, while it writes.
+/// Before it looks for an owner, and between its question and its claim.
+TEST(RunOnce, AnotherInstanceMayComeFirst)
+{
+    for (int requests = 1; requests <= 2; ++requests)
+        EXPECT_EQ(startDuringWhich(requests, [](Display* other) { ownersWindow(other); }), 0) << requests;
+    EXPECT_EQ(startDuringWhich(1, [](Display*) {}), 5);
+}
+
+/// Before it looks for the owner, after that, and while it writes.
 TEST(RunOnce, AnOwnerMayVanishAtAnyMoment)
 {
-    static auto& owner = *new Client;   // the children leave through exit() and must not close our connection
+    static auto& client = *new Client;   // the children leave through exit() and must not close our connection
     static Window window;
-    static int requestsLeft;
     int handedOver = 0;
     for (int requests = 1; requests <= 8; ++requests) {
-        window = XCreateSimpleWindow(owner.display, DefaultRootWindow(owner.display), 0, 0, 1, 1, 0, 0, 0);
-        XSetSelectionOwner(owner.display, owner.atom("vanishing"), window, CurrentTime);
-        XSync(owner.display, False);
-        const int status = exitStatusOf([requests] {
-            static char* arguments[] = {nullptr};
-            int count = 0;
-            LmApp application("LmTest", &count, arguments, nullptr, 0);
-            requestsLeft = requests;
-            static Display* const killing = XOpenDisplay(nullptr);
-            XSetAfterFunction(application.display(), [](Display*) {
-                if (--requestsLeft == 0) {
-                    XDestroyWindow(killing, window);
-                    XFlush(killing);   // served at once, or when the server is free again
-                }
-                return 0;
-            });
-            const LmNameList words("words");
-            const LmRunOnce once(&words, False, "vanishing", False);
-            XSetAfterFunction(application.display(), nullptr);
-            _exit(5);
+        window = ownersWindow(client.display);
+        const int status = startDuringWhich(requests, [](Display* other) {
+            XDestroyWindow(other, window);
+            XFlush(other);   // served at once, or when the server is free again
         });
         EXPECT_TRUE(status == 0 || status == 5) << status << " after " << requests;
         handedOver += status == 0;
