@@ -114,7 +114,10 @@ TEST_F(TasksOnScreen, TimersAnnounceAtOnceAndThenTick)
 
     Ticker atOnce(1), inTick(1), slow(1), always(1);
     atOnce.inCallback = [&] { atOnce.stop(); };
-    inTick.inTick = [&] { inTick.stop(); };
+    inTick.inTick = [&] {
+        EXPECT_FALSE(inTick.isRunning()) << "the id is not kept: Xt uses it again";
+        inTick.stop();
+    };
     slow.inTick = [&] { slow.start(100000); };
     always.inCallback = [&] { always.start(); };   // would never come back if it announced each time
     auto first = std::make_unique<Ticker>(1), second = std::make_unique<Ticker>(1);

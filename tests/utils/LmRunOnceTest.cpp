@@ -28,8 +28,7 @@ struct Start {
     /// What it exits with, when it ends by itself.
     int exitStatus()
     {
-        while (!line().empty()) {
-        }
+        while (!line().empty()) {}
         return WEXITSTATUS(pclose(output));
     }
 
