@@ -4,12 +4,20 @@
 #include "LmSimpleWindow.h"
 
 class LmMenuBar;
+class LmRadioSubMenu;
+class LmSubMenu;
+struct LmMenuDesc;
 
-/// A simple window that may carry a menu bar.
+/// A simple window that may carry a menu bar: one of the program's, one described by a table, or one that grows pane by
+/// pane. The bar is built when the window is first shown, or at once when it is set later.
+///
+///   Widgets    as LmSimpleWindow; "menuBar", unless the program brings a bar of its own
 class LM_API LmWindow : public LmSimpleWindow {
 public:
     /// As LmSimpleWindow; without a menu bar.
     LmWindow(const char* name, ArgList args = nullptr, Cardinal argCount = 0) : LmSimpleWindow(name, args, argCount) {}
+    /// Deletes the menu bar.
+    ~LmWindow() override;
 
     const char* className() override { return "LmWindow"; }
     void show() override;
@@ -17,7 +25,20 @@ public:
     /// The menu bar; null while there is none.
     virtual LmMenuBar* menu() { return _menuBar; }
 
+    /// Gives the window a menu bar, which it owns from then on; one that it had is not deleted. Null: forgets the bar.
+    void setMenuBar(LmMenuBar* bar);
+    /// A bar of the table's panes and the help pane; the window is the default client data.
+    void setMenuBar(LmMenuDesc* desc);
+    /// Appends a pane to the menu bar, which is made (with the help pane) when there is none.
+    LmSubMenu* addMenuPane(const char* name);
+    LmSubMenu* addMenuPane(const char* name, LmMenuDesc* desc);
+    LmRadioSubMenu* addRadioMenuPane(const char* name);
+    LmRadioSubMenu* addRadioMenuPane(const char* name, LmMenuDesc* desc);
+
 private:
+    LmMenuBar* menuBarForPanes();
+    void attachMenuBar();
+
     LmMenuBar* _menuBar = nullptr;
 };
 

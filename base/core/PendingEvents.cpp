@@ -18,7 +18,8 @@ void lm::PendingEvents::setMarkers()
     _timerMarker = TimerHandle(after<&PendingEvents::timersHandled>(_context, 0, this));
     _alwaysReady = FileDescriptor(eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK));
     if (_alwaysReady)
-        _inputMarker = InputHandle(whenReady<&PendingEvents::inputRoundBegins>(_context, _alwaysReady.get(), XtInputReadMask, this));
+        _inputMarker =
+            InputHandle(whenReady<&PendingEvents::inputRoundBegins>(_context, _alwaysReady.get(), XtInputReadMask, this));
 }
 
 void lm::PendingEvents::timersHandled() { _timerMarker.fired(); }

@@ -2,7 +2,6 @@
 
 #include "LmApp.h"
 #include "LmContextHelp.h"
-#include "LmFormat.h"
 #include "LmSimpleWindow.h"
 #include "LmWidgetTools.h"
 #include "base/core/EventLoop.h"
@@ -492,7 +491,7 @@ void LmDialogManager::waitForDialog(Widget dialog, LmSimpleWindow* parentWindow,
 
 // --- answers -----------------------------------------------------------------------------------------------------------
 
-void LmDialogManager::answer(Widget dialog, LmDialogReason reason)
+void LmDialogManager::recordAnswer(Widget dialog, LmDialogReason reason)
 {
     _action = reason;
     for (Wait* wait : _waits) {
@@ -503,19 +502,19 @@ void LmDialogManager::answer(Widget dialog, LmDialogReason reason)
 
 void LmDialogManager::ok(Widget dialog, XtPointer)
 {
-    answer(dialog, REASON_OK);
+    recordAnswer(dialog, REASON_OK);
     if (!_keepPosted)
         unpost(dialog);
 }
 
 void LmDialogManager::cancel(Widget dialog, XtPointer)
 {
-    answer(dialog, REASON_CANCEL);
+    recordAnswer(dialog, REASON_CANCEL);
     if (!_keepPosted)
         unpost(dialog);
 }
 
-void LmDialogManager::apply(Widget dialog, XtPointer) { answer(dialog, REASON_APPLY); }
+void LmDialogManager::apply(Widget dialog, XtPointer) { recordAnswer(dialog, REASON_APPLY); }
 
 void LmDialogManager::okXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept
 {
@@ -591,11 +590,11 @@ void LmRepositionDialog(Widget dialog, Widget parent, bool force)
     if (!isUsable(dialog) || !isUsable(parent) || !XtIsRealized(dialog) || !XtIsRealized(parent))
         return;
     const lm::Rect over = onScreen(parent);
-    const std::optional<lm::Point> place =
-        force ? lm::centredOver(over, sizeOf(dialog)) : lm::recentred(over, onScreen(dialog));
+    const std::optional<lm::Point> place = force ? lm::centredOver(over, sizeOf(dialog)) : lm::recentred(over, onScreen(dialog));
     if (!place)
         return;
-    const std::string geometry = LmFormat("+%d+%d", place->x, place->y);
+    // Not by LmFormat: the message now being posted may be its last result.
+    const std::string geometry = "+" + std::to_string(place->x) + "+" + std::to_string(place->y);
     XtVaSetValues(dialog, XmNx, static_cast<Position>(place->x), XmNy, static_cast<Position>(place->y), XmNgeometry,
                   geometry.c_str(), XmNdefaultPosition, False, nullptr);
 }

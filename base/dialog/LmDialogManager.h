@@ -169,6 +169,9 @@ public:
     static void LmDialogMapped(Widget dialog, XtPointer clientData, XtPointer callData) noexcept;
 
 protected:
+    /// Records the answer given in a dialog, for action() and for whoever waits for that dialog.
+    void recordAnswer(Widget dialog, LmDialogReason reason);
+
     LmDialogReason _action = REASON_NONE;
     bool _showOK = true;
     bool _showCancel = true;
@@ -191,7 +194,6 @@ private:
     void fillButtons(Widget dialog, XtCallbackProc okCB, XtCallbackProc cancelCB, XtCallbackProc applyCB, XtPointer clientData,
                      const char* helpString);
     Widget applyButtonOf(Widget dialog, bool wanted);
-    void answer(Widget dialog, LmDialogReason reason);
     void untilAnswered(Wait& wait);
     LmDialogReason waitForAnswer(const char* message, const char* helpString, LmSimpleWindow* parentWindow, Widget parentWidget);
 

@@ -13,10 +13,11 @@ public:
     const char* className() override { return "ApplicationPage"; }
     /// Whether the user lets the window close.
     bool mayClose() const;
+    /// Opens a second window.
+    void openAnother();
 
 private:
     void setTitle();
-    void openAnother();
     void iconify();
     void close();
     void quit();

@@ -37,7 +37,10 @@ DialogPage::DialogPage(Widget parent, LmSimpleWindow* window) : Page("dialogPage
 }
 
 /// Shows what the user answered.
-void DialogPage::say(const std::string& text) { XtVaSetValues(_answer, XmNlabelString, lm::compound(text.c_str()).get(), nullptr); }
+void DialogPage::say(const std::string& text)
+{
+    XtVaSetValues(_answer, XmNlabelString, lm::compound(text.c_str()).get(), nullptr);
+}
 
 static LmDialogManager::LmDialogReason askOver(LmDialogManager& dialog, const char* message, LmSimpleWindow* window)
 {
@@ -51,7 +54,8 @@ void DialogPage::inform()
 
 void DialogPage::warn()
 {
-    getTheWarningDialog()->post("The disk is nearly full.\nOnly 3 % are left.", nullptr, nullptr, nullptr, nullptr, nullptr, _window);
+    getTheWarningDialog()->post("The disk is nearly full.\nOnly 3 % are left.", nullptr, nullptr, nullptr, nullptr, nullptr,
+                                _window);
 }
 
 void DialogPage::report()

@@ -1,17 +1,48 @@
 #include "GalleryWindow.h"
 
 #include "DialogPage.h"
+#include "MenuPage.h"
+#include "PreferencePage.h"
 #include "SearchPage.h"
 
+#include <Lm/LmApp.h>
+#include <Lm/LmMenuBar.h>
+#include <Lm/LmMenuToggle.h>
+#include <Lm/LmMenuUndoManager.h>
+#include <Lm/LmSubMenu.h>
 #include <Lm/support/handles.h>
 #include <Lm/support/resources.h>
 #include <Lm/support/xt.h>
 
 #include <Xm/Form.h>
+#include <Xm/ToggleBG.h>
 
 static constexpr int margin = 10;
 
-GalleryWindow::GalleryWindow() : LmWindow("gallery") {}
+GalleryWindow::GalleryWindow() : LmWindow("gallery")
+{
+    // clang-format off
+    LmMenuDesc fileTable[] = {
+        {MENU_ACTION, "newWindow", newWindow},
+        {MENU_SEPARATOR},
+        {MENU_ACTION, "quitGallery", quit},
+        {MENU_END}};
+    LmMenuDesc editTable[] = {
+        {MENU_SEPARATOR},
+        {MENU_TOGGLE, "frameSheet", toggleFrame},
+        {MENU_TOGGLE, "listPages", togglePageList},
+        {MENU_END}};
+    LmMenuDesc barTable[] = {
+        {MENU_SUBMENU, "fileMenu", nullptr, fileTable},
+        {MENU_SUBMENU, "editMenu", nullptr, editTable},
+        {MENU_RADIO_SUBMENU, "viewMenu"},
+        {MENU_END}};
+    // clang-format on
+    setMenuBar(barTable);
+    static_cast<LmSubMenu*>(menu()->findNamedItem("editMenu", false, false))->add(getTheUndoManager(), 0);
+    for (const char* toggle : {"frameSheet", "listPages"})
+        static_cast<LmMenuToggle*>(menu()->findNamedItem(toggle, false, true))->setVisualState(true);
+}
 
 Widget GalleryWindow::setUpInterface(Widget parent)
 {
@@ -25,17 +56,24 @@ Widget GalleryWindow::setUpInterface(Widget parent)
                                     XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_WIDGET,
                                     XmNleftWidget, XtParent(_list), XmNleftOffset, margin, nullptr);
     addPages();
+    addPageMenu();
     lm::on<&GalleryWindow::chosen>(_list, XmNbrowseSelectionCallback, this);
     XtManageChild(_list);
     choose(0);
     return form;
 }
 
+Boolean GalleryWindow::okToQuit() { return !_applicationPage || (_applicationPage->mayClose() && _preferencePage->mayClose()); }
+
 void GalleryWindow::addPages()
 {
     _pages.push_back(std::make_unique<ApplicationPage>(_deck, this));
     _applicationPage = static_cast<ApplicationPage*>(_pages.back().get());
+    _pages.push_back(std::make_unique<MenuPage>(_deck));
+    _menuPage = static_cast<MenuPage*>(_pages.back().get());
     _pages.push_back(std::make_unique<DialogPage>(_deck, this));
+    _pages.push_back(std::make_unique<PreferencePage>(_deck, this));
+    _preferencePage = static_cast<PreferencePage*>(_pages.back().get());
     _pages.push_back(std::make_unique<SearchPage>(_deck));
     for (const auto& page : _pages) {
         const lm::XmText title(XmStringCreateLocalized(lm::xtText(page->title())));
@@ -55,4 +93,57 @@ void GalleryWindow::choose(int index)
     }
     _pages[static_cast<size_t>(index)]->show();
     XmListSelectPos(_list, index + 1, False);
+    showInMenu(index);
+}
+
+// --- the menu bar ------------------------------------------------------------------------------------------------------
+
+static LmMenu* pageMenu(GalleryWindow* window)
+{
+    return static_cast<LmMenu*>(window->menu()->findNamedItem("viewMenu", false, false));
+}
+
+void GalleryWindow::addPageMenu()
+{
+    for (const auto& page : _pages)
+        pageMenu(this)->addToggle(page->name(), choosePage, this, 0)->setLabel(page->title());
+}
+
+void GalleryWindow::showInMenu(int index)
+{
+    LmMenu& pages = *pageMenu(this);
+    for (int i = 0; i < pages.numItems(); ++i)
+        static_cast<LmMenuToggle*>(pages[i])->setVisualState(i == index);
+}
+
+void GalleryWindow::newWindow(Widget, XtPointer window, XtPointer) noexcept
+{
+    static_cast<GalleryWindow*>(window)->_applicationPage->openAnother();
+}
+
+void GalleryWindow::quit(Widget, XtPointer, XtPointer) noexcept { theApplication->quitYourself(); }
+
+void GalleryWindow::toggleFrame(Widget item, XtPointer window, XtPointer) noexcept
+{
+    static_cast<GalleryWindow*>(window)->_menuPage->setFramed(XmToggleButtonGadgetGetState(item));
+}
+
+void GalleryWindow::togglePageList(Widget item, XtPointer window, XtPointer) noexcept
+{
+    auto* self = static_cast<GalleryWindow*>(window);
+    const bool shown = XmToggleButtonGadgetGetState(item);
+    Widget list = XtParent(self->_list);
+    if (shown)
+        XtManageChild(list);
+    XtVaSetValues(self->_deck, XmNleftAttachment, shown ? XmATTACH_WIDGET : XmATTACH_FORM, XmNleftWidget, shown ? list : nullptr,
+                  nullptr);
+    if (!shown)
+        XtUnmanageChild(list);
+}
+
+void GalleryWindow::choosePage(Widget item, XtPointer window, XtPointer) noexcept
+{
+    auto* self = static_cast<GalleryWindow*>(window);
+    if (XmToggleButtonGadgetGetState(item))
+        self->choose(pageMenu(self)->getItemPosition(item));
 }

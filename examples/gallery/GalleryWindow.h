@@ -11,13 +11,16 @@
 #include <memory>
 #include <vector>
 
+class MenuPage;
+class PreferencePage;
+
 class GalleryWindow : public LmWindow {
 public:
     GalleryWindow();
 
     const char* className() override { return "GalleryWindow"; }
     Widget setUpInterface(Widget parent) override;
-    Boolean okToQuit() override { return !_applicationPage || _applicationPage->mayClose(); }
+    Boolean okToQuit() override;
 
     int pageCount() const { return static_cast<int>(_pages.size()); }
     const Page& page(int index) const { return *_pages[static_cast<size_t>(index)]; }
@@ -27,8 +30,19 @@ public:
 private:
     void chosen(XmListCallbackStruct* choice) { choose(choice->item_position - 1); }
     void addPages();
+    void addPageMenu();
+    void showInMenu(int index);
+
+    // what the menu bar's entries do, with the window as client data
+    static void newWindow(Widget, XtPointer window, XtPointer) noexcept;
+    static void quit(Widget, XtPointer window, XtPointer) noexcept;
+    static void toggleFrame(Widget item, XtPointer window, XtPointer) noexcept;
+    static void togglePageList(Widget item, XtPointer window, XtPointer) noexcept;
+    static void choosePage(Widget item, XtPointer window, XtPointer) noexcept;
 
     Widget _list = nullptr, _deck = nullptr;
     std::vector<std::unique_ptr<Page>> _pages;
     ApplicationPage* _applicationPage = nullptr;   // one of them
+    MenuPage* _menuPage = nullptr;                 // another
+    PreferencePage* _preferencePage = nullptr;     // and a third
 };

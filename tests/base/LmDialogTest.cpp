@@ -3,6 +3,7 @@
 #include "LmBusyDialog.h"
 #include "LmErrorDialog.h"
 #include "LmFileSelectionDialog.h"
+#include "LmFormat.h"
 #include "LmGenericDialog.h"
 #include "LmInfoDialog.h"
 #include "LmInterruptDialog.h"
@@ -118,8 +119,8 @@ TEST_F(DialogOnScreen, MessagesTitlesAndLabelsMayBeResources)
     setResource("*errorDialog.Shut: Dismiss it");
     LmErrorDialog& error = *getTheErrorDialog();
     EXPECT_EQ(getTheErrorDialog(), &error);
-    const auto messageAfter = [&](const std::string& message) {
-        error.post(message.c_str());
+    const auto messageAfter = [&](const char* message) {
+        error.post(message);
         const std::string shown = textOf(error.lastPosted(), XmNmessageString);
         error.unpost();
         return shown;
@@ -128,8 +129,13 @@ TEST_F(DialogOnScreen, MessagesTitlesAndLabelsMayBeResources)
     EXPECT_EQ(messageAfter("unknownWord"), "unknownWord");
     EXPECT_EQ(messageAfter("two words\nand a line"), "two words\nand a line");
     const std::string periods24 = "fileNotFound" + std::string(24, '.');
-    EXPECT_EQ(messageAfter(periods24 + "."), periods24 + ".");
+    EXPECT_EQ(messageAfter((periods24 + ".").c_str()), periods24 + ".");
     EXPECT_EQ(messageAfter(""), "");
+    window->hide();   // the dialog goes over the application's shell, which is placed while the message waits
+    EXPECT_EQ(messageAfter(LmFormat("%d files", 3)), "3 files");
+    EXPECT_EQ(messageAfter(LmFormat("%d files", 4)), "4 files");
+    window->show();
+    settleUntil([&] { return window->iconState() == LmSimpleWindow::OPEN; });
 
     error.setTitle("Trouble");
     error.setButtonLabels(nullptr, "Shut", nullptr);
