@@ -54,8 +54,7 @@ void LmNameList::reverse() { std::ranges::reverse(_names); }
 void LmNameList::removeDuplicates()
 {
     sort();
-    const auto duplicates = std::ranges::unique(_names);
-    _names.erase(duplicates.begin(), duplicates.end());
+    _names.erase(std::unique(_names.begin(), _names.end()), _names.end());
 }
 
 // --- queries -----------------------------------------------------------------------------------------------------------

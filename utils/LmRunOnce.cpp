@@ -41,7 +41,7 @@ private:
 
 static std::string instanceName(const char* name, Boolean perHost)
 {
-    const std::string program = name && *name ? name : theApplication->name();
+    std::string program = name && *name ? name : theApplication->name();
     utsname host = {};
     if (!perHost || uname(&host) != 0)
         return program;

@@ -8,32 +8,24 @@
 namespace lmtest {
 
 /// Listens to the server's bell on a connection of its own.
-class Bells {
-public:
-    Bells() : _display(XkbOpenDisplay(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr))
+struct Bells {
+    Bells()
     {
-        XkbSelectEvents(_display, XkbUseCoreKbd, XkbBellNotifyMask, XkbBellNotifyMask);
-        XSync(_display, False);
+        XkbSelectEvents(display, XkbUseCoreKbd, XkbBellNotifyMask, XkbBellNotifyMask);
+        XSync(display, False);
     }
-    Bells(const Bells&) = delete;
-    Bells& operator=(const Bells&) = delete;
-    ~Bells() { XCloseDisplay(_display); }
-
-    /// How often it rang since the last call.
+    ~Bells() { XCloseDisplay(display); }
+    /// How often it rang since the last call; the first call counts from the construction.
     int rung()
     {
         settle();
-        XSync(_display, False);
+        XSync(display, False);
         int count = 0;
-        for (; XPending(_display) > 0; ++count) {
-            XEvent event;
-            XNextEvent(_display, &event);
-        }
+        for (XEvent event; XPending(display) > 0; ++count)
+            XNextEvent(display, &event);
         return count;
     }
-
-private:
-    Display* _display;
+    Display* display = XkbOpenDisplay(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
 };
 
 }   // namespace lmtest

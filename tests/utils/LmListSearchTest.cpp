@@ -1,14 +1,15 @@
 #include "tests/support/Bells.h"
 
 #include "LmListSearch.h"
+#include "LmNameList.h"
 #include "support/resources.h"
-#include "support/xmtext.h"
+#include "support/xt.h"
 
-#include <Xm/Form.h>
 #include <Xm/List.h>
-#include <Xm/PushB.h>
+#include <Xm/RowColumn.h>
 #include <Xm/TextF.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -20,59 +21,56 @@ namespace {
 struct Searched : LmComponent {
     explicit Searched(Widget parent)
     {
-        _w = XtVaCreateWidget("form", xmFormWidgetClass, parent, nullptr);
+        _w = XtVaCreateWidget("column", xmRowColumnWidgetClass, parent, nullptr);
         installDestroyHandler();
-        text = XtVaCreateManagedWidget("text", xmTextFieldWidgetClass, _w, XmNtopAttachment, XmATTACH_FORM, nullptr);
+        text = XtVaCreateManagedWidget("text", xmTextFieldWidgetClass, _w, nullptr);
         list = XmCreateScrolledList(_w, lm::xtText("list"), nullptr, 0);
-        XtVaSetValues(XtParent(list), XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, text, nullptr);
         XtVaSetValues(list, XmNvisibleItemCount, 6, XmNselectionPolicy, XmBROWSE_SELECT, nullptr);
         XtManageChild(list);
         search = std::make_unique<LmListSearch>(list, text, False);
+        lm::on<&Searched::choose>(list, XmNbrowseSelectionCallback, this);
     }
     void fill(std::initializer_list<const char*> items)
     {
+        LmNameList names;
         for (const char* item : items)
-            XmListAddItemUnselected(list, lm::compound(item).get(), 0);
+            names.add(item);
+        XmString* table = names;
+        XmListAddItems(list, table, names.size(), 0);
+        std::for_each(table, table + names.size(), XmStringFree);
+        std::free(table);
+    }
+    void choose(XmListCallbackStruct* choice)
+    {
+        chosen.push_back(choice->item_position);
+        if (onChoice)
+            onChoice();
+    }
+    void setText(const char* value) { XmTextFieldSetString(text, lm::xtText(value)); }
+    /// "<selected positions> from <topmost position>"
+    std::string picture() const
+    {
+        int top = 0, count = 0;
+        XtVaGetValues(list, XmNtopItemPosition, &top, XmNitemCount, &count, nullptr);
+        std::string shown;
+        for (int i = 1; i <= count; ++i)
+            shown += XmListPosSelected(list, i) ? std::to_string(i) + " " : "";
+        return shown + "from " + std::to_string(top);
     }
     Widget text, list;
     std::unique_ptr<LmListSearch> search;
+    std::vector<int> chosen;
+    std::function<void()> onChoice;
 };
 
 struct ListSearchOnScreen : OnScreen {
     ListSearchOnScreen()
     {
         pair.fill({"Zero", "Abbey", "Cabin", "four", "five", "six", "seven", "eight", "Abc", "ten", "eleven", "xABC"});
-        XtAddCallback(
-            pair.list, XmNbrowseSelectionCallback,
-            [](Widget, XtPointer self, XtPointer data) {
-                auto* test = static_cast<ListSearchOnScreen*>(self);
-                test->chosen.push_back(static_cast<XmListCallbackStruct*>(data)->item_position);
-                if (test->onChoice)
-                    test->onChoice();
-            },
-            this);
         show(pair);
         click(pair.text);
     }
-    int top() const
-    {
-        int position = 0;
-        XtVaGetValues(pair.list, XmNtopItemPosition, &position, nullptr);
-        return position;
-    }
-    int selected() const
-    {
-        int* positions = nullptr;
-        int count = 0;
-        if (!XmListGetSelectedPos(pair.list, &positions, &count))
-            return 0;
-        const int first = *positions;
-        XtFree(reinterpret_cast<char*>(positions));
-        return first;
-    }
     Searched pair{shell()};
-    std::vector<int> chosen;
-    std::function<void()> onChoice;
     Bells bells;
 };
 
@@ -81,70 +79,61 @@ struct ListSearchOnScreen : OnScreen {
 TEST_F(ListSearchOnScreen, FollowsWhatIsTyped)
 {
     type("ab");
-    EXPECT_EQ(selected(), 2);
-    EXPECT_EQ(top(), 1) << "visible already";
+    EXPECT_EQ(pair.picture(), "2 from 1") << "visible already";
     type("c");
-    EXPECT_EQ(selected(), 9);
-    EXPECT_EQ(top(), 6) << "in the middle";
+    EXPECT_EQ(pair.picture(), "9 from 6") << "in the middle";
     type("\n");
-    EXPECT_EQ(selected(), 12);
-    EXPECT_EQ(chosen, (std::vector{2, 9, 12}));
+    EXPECT_EQ(pair.picture(), "12 from 9");
     EXPECT_EQ(bells.rung(), 0);
-
     type("\n");
-    EXPECT_EQ(selected(), 0);
+    EXPECT_EQ(pair.picture(), "from 9");
     EXPECT_EQ(bells.rung(), 1);
     type("\n");
-    EXPECT_EQ(selected(), 9) << "from the first item again";
+    EXPECT_EQ(pair.picture(), "9 from 9") << "from the first item again";
 
     key(XK_BackSpace);
-    EXPECT_EQ(selected(), 2);
+    EXPECT_EQ(pair.picture(), "2 from 1");
     type("qq");
-    EXPECT_EQ(selected(), 0);
+    EXPECT_EQ(pair.picture(), "from 1");
     EXPECT_EQ(bells.rung(), 1) << "once, not at each key";
-    EXPECT_EQ(pair.search->currentPos(), 0);
-
+    EXPECT_EQ(pair.chosen, (std::vector{2, 9, 12, 9, 2}));
     XmListSetBottomPos(pair.list, 0);
-    XmTextFieldSetString(pair.text, lm::xtText(""));
-    EXPECT_EQ(top(), 1);
+    pair.setText("");
+    EXPECT_EQ(pair.picture(), "from 1");
     EXPECT_EQ(bells.rung(), 0);
 }
 
 TEST_F(ListSearchOnScreen, SurvivesWhatTheSelectionCallbackDoes)
 {
-    onChoice = [this] { XmListDeletePos(pair.list, 1); };   // the match moves up
+    pair.onChoice = [this] { XmListDeletePos(pair.list, 1); };   // the match moves up
     type("ab");
     EXPECT_EQ(pair.search->currentPos(), 1);
-    onChoice = [this] { XmListDeleteItemsPos(pair.list, 20, 2); };   // the match goes
+    pair.onChoice = [this] { XmListDeleteItemsPos(pair.list, 20, 2); };   // the match goes
     type("i");
-    EXPECT_EQ(chosen, (std::vector{2, 2}));
     EXPECT_EQ(pair.search->currentPos(), 0);
 
-    XmTextFieldSetString(pair.text, lm::xtText(""));
+    pair.setText("");
     pair.fill({"", "gamma", "gamble"});
-    onChoice = [this] {   // searches inside the search
-        onChoice = nullptr;
-        XmTextFieldSetString(pair.text, lm::xtText("gamble"));
+    pair.onChoice = [this] {   // searches inside the search
+        pair.onChoice = nullptr;
+        pair.setText("gamble");
     };
     type("g");
-    EXPECT_EQ(selected(), pair.search->currentPos());
+    EXPECT_EQ(pair.picture(), "4 from 1");
     EXPECT_EQ(pair.search->currentPos(), 4);
-
-    onChoice = [this] { pair.search.reset(); };
-    XmTextFieldSetString(pair.text, lm::xtText("gamm"));
+    pair.onChoice = [this] { pair.search.reset(); };
+    pair.setText("gamm");
     EXPECT_EQ(pair.search, nullptr);
 }
 
 TEST_F(ListSearchOnScreen, WidgetsMayGoFirstAndOtherTextsAreReported)
 {
-    LmListSearch iconSearch(pair.list, pair.text, True);
-    Widget button = XtVaCreateManagedWidget("button", xmPushButtonWidgetClass, pair.baseWidget(), nullptr);
-    LmListSearch wrong(pair.list, button, False);
-    takeErrors();   // a button has no list of that name
-    const std::string message = stderrOf([button] { XtCallCallbacks(button, XmNactivateCallback, nullptr); });
+    LmListSearch wrong(pair.list, pair.list, False);
+    takeErrors();   // a list has none of the text's callbacks
+    const std::string message = stderrOf([&] { wrong.search_change(nullptr, nullptr, nullptr); });
     EXPECT_EQ(message, "LmListSearch: Unknown text widget type\n");
 
     destroyShell();
-    EXPECT_EQ(iconSearch.do_search(1, "ab"), 0);
-    iconSearch.search_change(nullptr, nullptr, nullptr);
+    EXPECT_EQ(pair.search->do_search(1, "ab"), 0);
+    pair.search->search_change(nullptr, nullptr, nullptr);
 }
