@@ -1,5 +1,5 @@
 # What measures the start-up, for tests and benchmarks: tripcount, and one window as a plain Motif program and with Lumora.
-add_executable(tripcount EXCLUDE_FROM_ALL tests/support/tripcount.cpp tests/support/XProxy.cpp)
+add_executable(tripcount EXCLUDE_FROM_ALL bench/tripcount/tripcount.cpp bench/tripcount/XProxy.cpp)
 target_link_libraries(tripcount PRIVATE lm_options ${lm_libraries})
 
 add_executable(sample_motif EXCLUDE_FROM_ALL bench/startup/sample_motif.cpp bench/startup/SampleWindow.cpp)

@@ -1,4 +1,4 @@
-#include "tests/support/XProxy.h"
+#include "bench/tripcount/XProxy.h"
 
 #include <X11/Xproto.h>
 

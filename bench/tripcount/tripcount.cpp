@@ -9,7 +9,7 @@
 //
 // trips: how often the program stopped and waited for the server. wall: from exec to its last request.
 // Exit status 1 and a message when no window appeared within 30 seconds.
-#include "tests/support/XProxy.h"
+#include "bench/tripcount/XProxy.h"
 
 #include <charconv>
 #include <csignal>
