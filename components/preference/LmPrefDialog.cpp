@@ -1,6 +1,8 @@
 #include "LmPrefDialog.h"
 
+#include "LmApp.h"
 #include "support/calldata.h"
+#include "support/xt.h"
 
 #include <Xm/Form.h>
 #include <Xm/RowColumn.h>
@@ -31,7 +33,25 @@ Widget LmPrefDialog::createDialog(Widget parent)
         _item->build(area);
         _item->show();
     }
+    lm::on<&LmPrefDialog::mapped>(dialog, XmNmapCallback, this);
     return dialog;
+}
+
+/// Groups give their rows one height when they are mapped; the natural size is known after that.
+void LmPrefDialog::mapped()
+{
+    lm::off<&LmPrefDialog::mapped>(_baseWidget, XmNmapCallback, this);
+    _firstMap = lm::TimerHandle(lm::after<&LmPrefDialog::keepNaturalSize>(theApplication->appContext(), 0, this));
+}
+
+void LmPrefDialog::keepNaturalSize()
+{
+    _firstMap.fired();
+    if (!_baseWidget)
+        return;
+    Dimension width = 0, height = 0;
+    XtVaGetValues(_baseWidget, XmNwidth, &width, XmNheight, &height, nullptr);
+    XtVaSetValues(XtParent(_baseWidget), XmNminWidth, width, XmNminHeight, height, nullptr);
 }
 
 /// Tells the receivers, who may delete the dialog; false when one did.

@@ -3,9 +3,12 @@
 
 #include "LmGenericDialog.h"
 #include "LmPrefItem.h"
+#include "support/handles.h"
 
 /// A dialog with OK, Apply and Cancel around one preference item, normally a group. Apply and OK commit every value, Cancel
 /// shows the committed values again. One dialog serves all windows.
+///
+/// The user can make the dialog larger, which widens the fields, and not smaller than its contents.
 ///
 ///   Widgets    the generic dialog's; in it a form "dummy" with an XmRowColumn "prefArea", which holds the item
 ///   Callbacks  prefCallback, call data the LmDialogReason: REASON_APPLY before the values are committed, by Apply and as the
@@ -26,7 +29,10 @@ public:
 
 private:
     bool announce(LmDialogReason reason);
+    void mapped();
+    void keepNaturalSize();
     void itemDeleted(LmCallbackObject* item, void* clientData, void* callData);
 
-    LmPrefItem* _item;   // not owned
+    LmPrefItem* _item;           // not owned
+    lm::TimerHandle _firstMap;   // runs once the rows have got their heights
 };
