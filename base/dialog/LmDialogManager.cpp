@@ -20,6 +20,7 @@
 #include <Xm/SelectioB.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <string_view>
 #include <utility>
@@ -593,10 +594,10 @@ void LmRepositionDialog(Widget dialog, Widget parent, bool force)
     const std::optional<lm::Point> place = force ? lm::centredOver(over, sizeOf(dialog)) : lm::recentred(over, onScreen(dialog));
     if (!place)
         return;
-    // Not by LmFormat: the message now being posted may be its last result.
-    const std::string geometry = "+" + std::to_string(place->x) + "+" + std::to_string(place->y);
-    XtVaSetValues(dialog, XmNx, static_cast<Position>(place->x), XmNy, static_cast<Position>(place->y), XmNgeometry,
-                  geometry.c_str(), XmNdefaultPosition, False, nullptr);
+    char geometry[32];   // not by LmFormat: the message now being posted may be its last result
+    std::snprintf(geometry, sizeof geometry, "+%d+%d", place->x, place->y);
+    XtVaSetValues(dialog, XmNx, static_cast<Position>(place->x), XmNy, static_cast<Position>(place->y), XmNgeometry, geometry,
+                  XmNdefaultPosition, False, nullptr);
 }
 
 void LmDialogManager::LmDialogMapped(Widget dialog, XtPointer clientData, XtPointer) noexcept
