@@ -15,10 +15,10 @@ struct MeterBar {
 
 /// What an item is measured against, in pixels and units.
 struct MeterArea {
-    bool vertical = true;      // bars grow upwards from the bottom edge; else to the right from the left edge
+    bool vertical = true;   // bars grow upwards from the bottom edge; else to the right from the left edge
     int width = 0, height = 0;
-    int breadthUnits = 0;      // the units that fill the meter across
-    int lengthUnits = 100;     // the units that fill it along
+    int breadthUnits = 0;    // the units that fill the meter across
+    int lengthUnits = 100;   // the units that fill it along
 };
 
 /// An item's rectangle in the area; nothing when it does not fit along the meter, or there is nothing to measure against.

@@ -24,10 +24,7 @@ int lm::TickScale::labelOfMinimum(int textHeight) const
     return marginBottom < textHeight / 2 ? height - textHeight : height - marginBottom - textHeight / 2;
 }
 
-int lm::TickScale::labelOfMaximum(int textHeight) const
-{
-    return marginTop < textHeight / 2 ? 0 : marginTop - textHeight / 2;
-}
+int lm::TickScale::labelOfMaximum(int textHeight) const { return marginTop < textHeight / 2 ? 0 : marginTop - textHeight / 2; }
 
 int lm::TickScale::labelOf(int value, int textHeight) const
 {

@@ -20,11 +20,11 @@ struct VuLevel {
 
 /// The blocks of a level meter of some height. A granularity or size of 0 or less gives no blocks.
 struct VuBlocks {
-    int granularity = 0;     // blocks
-    int size = 0;            // units that a block's lit area stands for
+    int granularity = 0;   // blocks
+    int size = 0;          // units that a block's lit area stands for
     int unitsPerBlock = 0;
-    int peakHeight = 1;      // units
-    bool peakBlock = false;  // the peak lights its whole block
+    int peakHeight = 1;                         // units
+    bool peakBlock = false;                     // the peak lights its whole block
     int blockHeight = 0, gap = 0, offset = 0;   // pixels: a block with its gap, the gap below it, the first block's top
 
     /// Computes the pixels for an area `height` high whose blocks are `spacing` units apart.

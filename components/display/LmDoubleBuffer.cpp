@@ -7,6 +7,9 @@
 #include <algorithm>
 #include <utility>
 
+/// A quarter of a gigabyte for each pixmap: far beyond any screen, and what a server can spare without stalling everybody.
+static constexpr long mostPixels = 1L << 26;
+
 LmDoubleBuffer::LmDoubleBuffer(const char* name, Widget parent) : LmComponent(name)
 {
     _baseWidget = XtCreateWidget(LmComponent::name(), xmDrawingAreaWidgetClass, parent, nullptr, 0);
@@ -60,6 +63,10 @@ void LmDoubleBuffer::hiddenResize()
     _drawable = None;
     _front = {};
     _back = {};
+    if (static_cast<long>(_width) * _height > mostPixels) {
+        resize();
+        return;
+    }
     lm::XErrorTrap trap(XtDisplay(_baseWidget));   // the server may have no room
     _front = newPixmap();
     _back = newPixmap();

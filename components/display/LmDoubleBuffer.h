@@ -8,7 +8,8 @@
 /// repaired from the front pixmap, without painting.
 ///
 ///   Widgets    XmDrawingArea of the component's name (base widget)
-///   Errors     pixmaps that the server has no room for leave the area empty. Without a widget every operation does nothing
+///   Errors     pixmaps that the server has no room for, or of more than 2^26 pixels, leave the area empty. Without a widget
+///   every operation does nothing
 class LM_API LmDoubleBuffer : public LmComponent {
 public:
     LmDoubleBuffer(const char* name, Widget parent);
@@ -38,7 +39,7 @@ protected:
     Pixmap _drawable = None;   ///< the back pixmap; None while there is none
     Dimension _width = 1;      ///< of the area and the pixmaps, pixels, at least 1
     Dimension _height = 1;
-    GC _gc = nullptr;          ///< foreground and background are the background colour
+    GC _gc = nullptr;   ///< foreground and background are the background colour
 
 private:
     lm::PixmapHandle newPixmap();

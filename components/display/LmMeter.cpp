@@ -69,8 +69,8 @@ void LmMeter::reset(int total, int thickness)
 void LmMeter::add(int start, int size, int crossPos, int crossExtent, Pixel pixel, const char* label)
 {
     _items.push_back({lm::meterUnits(start, _total, _scaleMax), lm::meterUnits(size, _total, _scaleMax),
-                      (crossPos + crossExtent) * _thickness, crossPos * _thickness,
-                      lm::CString(label ? strdup(label) : nullptr), pixel});
+                      (crossPos + crossExtent) * _thickness, crossPos * _thickness, lm::CString(label ? strdup(label) : nullptr),
+                      pixel});
     _nextStart = start + size;
 }
 

@@ -8,7 +8,7 @@
 
 namespace lm {
 struct MeterArea;
-}
+}   // namespace lm
 
 /// A bar meter: items that each cover a share of a total, from the bottom up, or from left to right. Set the total with
 /// reset(), add items, and call update(). An item that would run past the end of the meter is not drawn.
@@ -79,8 +79,8 @@ protected:
     XmFontList _fontList = nullptr;   // resource
     Boolean _drawBorder = False;      // resource
     Pixel _borderColor = 0;
-    int _scaleMax = 100;   ///< units that fill the meter along
-    int _nextStart = 0;    ///< where the next item starts, in units of the total
+    int _scaleMax = 100;                       ///< units that fill the meter along
+    int _nextStart = 0;                        ///< where the next item starts, in units of the total
     unsigned char _orientation = XmVERTICAL;   // resource
 
 private:

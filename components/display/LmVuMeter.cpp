@@ -92,7 +92,8 @@ void LmVuMeter::paint(const lm::VuLevel& before, const lm::VuLevel& after)
             XFillRectangle(display, window, colourOf(block), left, _blocks->top(block) + run.from, width,
                            static_cast<unsigned>(run.to - run.from));
         for (const lm::Run& run : change.clear)
-            XClearArea(display, window, left, _blocks->top(block) + run.from, width, static_cast<unsigned>(run.to - run.from), False);
+            XClearArea(display, window, left, _blocks->top(block) + run.from, width, static_cast<unsigned>(run.to - run.from),
+                       False);
     }
 }
 

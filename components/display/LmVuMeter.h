@@ -9,7 +9,7 @@
 namespace lm {
 struct VuBlocks;
 struct VuLevel;
-}
+}   // namespace lm
 
 /// A column of coloured blocks, red above yellow above green, lit from the bottom up to a level, with a mark at a peak.
 /// Values count downwards from the top: 0 lights the whole column, 110 or more nothing. Only what changes is painted.
@@ -50,7 +50,7 @@ private:
     static constexpr int _maxValue = 110;
 
     std::unique_ptr<lm::VuBlocks> _blocks;
-    int _value = _maxValue + 1, _peak = _maxValue + 1;   // nothing lit
+    int _value = _maxValue + 1, _peak = _maxValue + 1;                 // nothing lit
     int _spacing = 1, _numReds = 1, _numYellows = 3, _numGreens = 7;   // resources
     int _sideThickness = 1, _sideSpacing = 0;
     Boolean _drawSides = True;
