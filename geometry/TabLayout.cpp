@@ -43,7 +43,8 @@ int lm::TabLayout::tabWidth(int tab) const
 int lm::TabLayout::tabOffset(int tab) const
 {
     const int marker = run.first > 0 ? style.endLength() : 0;
-    const auto i = static_cast<size_t>(std::clamp(tab, 0, count())), first = static_cast<size_t>(std::clamp(run.first, 0, count()));
+    const auto i = static_cast<size_t>(std::clamp(tab, 0, count())),
+               first = static_cast<size_t>(std::clamp(run.first, 0, count()));
     return narrow(marker + std::max(0LL, _starts[i] - _starts[first]));
 }
 

@@ -12,15 +12,15 @@ namespace lm {
 
 /// What the tabs of a strip have in common. Lengths in pixels, none negative.
 struct TabStyle {
-    bool horizontal = true;   // tabs hang down from the upper edge; else they stick out to the left from the right edge
-    int sideOffset = 0;       // the run of a slanted side along the strip; neighbours overlap by it
-    int endSpacing = 0;       // between the stacked edges of an end marker
-    int endMultiplier = 0;    // how many of them
-    int curvature = 0;        // the rounding of a corner, in steps,
-    int curveMultiplier = 0;  // and the size of a step
+    bool horizontal = true;    // tabs hang down from the upper edge; else they stick out to the left from the right edge
+    int sideOffset = 0;        // the run of a slanted side along the strip; neighbours overlap by it
+    int endSpacing = 0;        // between the stacked edges of an end marker
+    int endMultiplier = 0;     // how many of them
+    int curvature = 0;         // the rounding of a corner, in steps,
+    int curveMultiplier = 0;   // and the size of a step
     int lineThickness = 0;
-    int marginWidth = 0, marginHeight = 0;    // around the label: along the strip, and across
-    int tabHeight = 0, textHeight = 0;        // the label band, across; the text in it
+    int marginWidth = 0, marginHeight = 0;   // around the label: along the strip, and across
+    int tabHeight = 0, textHeight = 0;       // the label band, across; the text in it
 
     /// How deep a tab is, from its base line to its far edge.
     int depth() const { return tabHeight + 2 * marginHeight; }

@@ -19,7 +19,12 @@
 const char* const LmTabArea::tabSelectCallback = "tabSelectCallback";
 const char* const LmTabArea::tabPopupCallback = "tabPopupCallback";
 
-static lm::XmText xmText(const char* text) { return lm::XmText(XmStringCreateSimple(lm::xtText(text))); }
+/// The text with its own direction: strips are laid out from right to left, which turns strings without one round.
+static lm::XmText xmText(const char* text)
+{
+    return lm::XmText(
+        XmStringConcatAndFree(XmStringDirectionCreate(XmSTRING_DIRECTION_L_TO_R), XmStringCreateSimple(lm::xtText(text))));
+}
 
 // --- making and ending -------------------------------------------------------------------------------------------------
 
@@ -105,8 +110,7 @@ void LmTabArea::takeLooks(int tabHeight)
 void LmTabArea::createContexts()
 {
     XtGCMask mask = GCForeground | GCBackground | GCLineWidth;
-    XGCValues values = {
-        .foreground = _selectedTabBackground, .background = _selectedTabBackground, .line_width = _lineThickness};
+    XGCValues values = {.foreground = _selectedTabBackground, .background = _selectedTabBackground, .line_width = _lineThickness};
     _selectedGC = lm::SharedGC(_baseWidget, mask, values);
     _fixedFont = XLoadQueryFont(XtDisplay(_baseWidget), "fixed");
     if (_fixedFont) {
@@ -333,8 +337,8 @@ lm::TabLayout& LmTabArea::layout()
             std::ranges::fill(widths, std::ranges::max(widths));
         for (int& width : widths)
             width += 2 * _marginWidth;
-        const lm::TabStyle style = {_horizontal != 0,   _sideOffset,    _endSpacing,  _endMultiplier, _curvature, _curveMultiplier,
-                                    _lineThickness, _marginWidth, _marginHeight, _tabHeight,     _textHeight};
+        const lm::TabStyle style = {_horizontal != 0, _sideOffset,  _endSpacing,   _endMultiplier, _curvature, _curveMultiplier,
+                                    _lineThickness,   _marginWidth, _marginHeight, _tabHeight,     _textHeight};
         const lm::TabRun run = _layout->run;
         *_layout = lm::TabLayout(style, widths);
         _layout->run = run;
@@ -443,6 +447,7 @@ void LmTabArea::drawLabel(int index)
     const bool fits = _horizontal || t.labelWidth <= _tabHeight;
     XmStringDraw(XtDisplay(_baseWidget), _drawable, _fontList, t.xmLabel.get(), _lineGC.get(), clip.x, clip.y, clip.width,
                  fits ? XmALIGNMENT_CENTER : XmALIGNMENT_END, XmSTRING_DIRECTION_R_TO_L, &clip);
+    XSetClipMask(XtDisplay(_baseWidget), _lineGC.get(), None);   // Motif leaves its clip in the GC
 }
 
 void LmTabArea::drawPixmap(int index, bool selected)
@@ -550,7 +555,8 @@ void LmTabArea::createTabMenu()
         widgets.push_back(item->baseWidget());
     XtUnmanageChildren(widgets.data(), static_cast<Cardinal>(widgets.size()));   // or each label lays the whole menu out
     for (int i = 0; i < size(); ++i)
-        XtVaSetValues(widgets[static_cast<size_t>(i)], XmNlabelString, tab(i).xmLabel.get(), XmNuserData, lm::asPointer(i), nullptr);
+        XtVaSetValues(widgets[static_cast<size_t>(i)], XmNlabelString, tab(i).xmLabel.get(), XmNuserData, lm::asPointer(i),
+                      nullptr);
     XtManageChildren(widgets.data(), static_cast<Cardinal>(widgets.size()));
     XtVaSetValues(_menu->menuParent(), XmNpopupEnabled, False, nullptr);
 }

@@ -11,7 +11,7 @@ class LmPopupMenu;
 namespace lm {
 class TabLayout;
 enum class TabEnd;
-}
+}   // namespace lm
 
 /// The call data of the tab callbacks.
 struct LmTabCallbackStruct {
@@ -163,14 +163,14 @@ private:
     std::vector<Tab> _tabs;
     Pixel _selectedTabBackground = 0, _tabBackground = 0, _labelForeground = 0;
     int _marginWidth = 0, _marginHeight = 0, _tabHeight = 0, _textHeight = 0;
-    XmFontList _fontList = nullptr;   // the label's
+    XmFontList _fontList = nullptr;                                                                      // the label's
     int _lineThickness = 1, _sideOffset = 17, _endSpacing = 9, _endMultiplier = 3, _pixmapSpacing = 3;   // resources
     int _curvature = 3, _curveMultiplier = 2;
     lm::SharedGC _lineGC, _tabGC, _selectedGC;
     int _selected = -1;
     lm::WorkProcHandle _updateId;
-    bool _selectionOnly = false;   // while selectTab() redraws
-    std::unique_ptr<LmPopupMenu> _menu;   // null until needed
+    bool _selectionOnly = false;                     // while selectTab() redraws
+    std::unique_ptr<LmPopupMenu> _menu;              // null until needed
     int _menuOffsetLeft = 0, _menuOffsetRight = 0;   // from the menu's top to its item next to a hidden end
     XFontStruct* _fixedFont = nullptr;
 

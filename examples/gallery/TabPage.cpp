@@ -18,7 +18,8 @@ static const char* const monthNames[] = {"January", "February", "March",     "Ap
 static std::string calendar(year y, unsigned month)
 {
     const sys_days first = y / static_cast<int>(month) / 1, next = sys_days{y / static_cast<int>(month) / last} + days{1};
-    std::string text = std::string(monthNames[month - 1]) + ' ' + std::to_string(static_cast<int>(y)) + "\n\n Mo Tu We Th Fr Sa Su\n";
+    std::string text =
+        std::string(monthNames[month - 1]) + ' ' + std::to_string(static_cast<int>(y)) + "\n\n Mo Tu We Th Fr Sa Su\n";
     unsigned column = weekday{first}.iso_encoding() - 1;
     text.append(column * 3, ' ');
     for (sys_days day = first; day != next; day += days{1}) {
@@ -27,7 +28,8 @@ static std::string calendar(year y, unsigned month)
         if (++column % 7 == 0)
             text += '\n';
     }
-    return text + std::string((42 - column) / 7 + 1, '\n');
+    text.append((42 - column) % 7 * 3, ' ');
+    return text + std::string((42 - column) / 7, '\n');   // months are six lines high
 }
 
 TabPage::TabPage(Widget parent)
@@ -48,13 +50,13 @@ TabPage::TabPage(Widget parent)
         part->show();
 }
 
-/// The strips touch the deck; each is as long as the deck's side.
+/// The strips touch the deck, and their base lines each other.
 void TabPage::place()
 {
     XtVaSetValues(_years.baseWidget(), XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, XmNbottomAttachment,
                   XmATTACH_WIDGET, XmNbottomWidget, _months.baseWidget(), nullptr);
     XtVaSetValues(_months.baseWidget(), XmNbottomAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNleftAttachment,
-                  XmATTACH_OPPOSITE_WIDGET, XmNleftWidget, _deck.baseWidget(), nullptr);
+                  XmATTACH_OPPOSITE_WIDGET, XmNleftWidget, _deck.baseWidget(), XmNleftOffset, -_years.lineThickness(), nullptr);
     XtVaSetValues(_deck.baseWidget(), XmNtopAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNleftAttachment,
                   XmATTACH_WIDGET, XmNleftWidget, _years.baseWidget(), XmNbottomAttachment, XmATTACH_WIDGET, XmNbottomWidget,
                   _months.baseWidget(), nullptr);

@@ -114,9 +114,10 @@ TEST(TabLayoutGeometry, PointsHitTheTabOnTopAndTheMarkersBesideIt)
         bool hit;
     };
     // tab 3 from 27 to 143; its leading side runs from 33,6 to 38,24
-    for (const Case& c : {Case{44, 0, true}, Case{126, 30, true}, Case{26, 0, false}, Case{32, 6, false}, Case{33, 6, true},
-                          Case{35, 15, false}, Case{36, 15, true}, Case{38, 24, true}, Case{37, 24, false}, Case{38, 25, false},
-                          Case{39, 29, true}, Case{132, 24, true}, Case{133, 24, false}, Case{137, 6, true}, Case{138, 6, false}}) {
+    for (const Case& c :
+         {Case{44, 0, true}, Case{126, 30, true}, Case{26, 0, false}, Case{32, 6, false}, Case{33, 6, true}, Case{35, 15, false},
+          Case{36, 15, true}, Case{38, 24, true}, Case{37, 24, false}, Case{38, 25, false}, Case{39, 29, true},
+          Case{132, 24, true}, Case{133, 24, false}, Case{137, 6, true}, Case{138, 6, false}}) {
         EXPECT_EQ(across.matches(3, c.along, c.depth), c.hit) << c.along << "," << c.depth;
         EXPECT_EQ(down.matches(3, 31 - c.depth, c.along), c.hit) << c.along << "," << c.depth;
     }
