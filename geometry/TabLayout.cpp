@@ -105,7 +105,7 @@ XPoint lm::TabLayout::at(int along, int across) const
 
 lm::TabCorner lm::TabLayout::corner(int along, int across, int dAlong, int dAcross) const
 {
-    const int m = style.curveMultiplier, k = style.curvature * m;
+    const int m = style.curveMultiplier, k = style.rounding();
     const int a = along - dAlong * k;
     TabCorner points = {at(along, across), at(a + dAlong * m, across + dAcross * m), at(a, across + dAcross * k)};
     if (dAlong > 0)
@@ -179,7 +179,7 @@ lm::Rect lm::TabLayout::pixmapBox(int tab, int pixmapWidth, int pixmapHeight) co
 ///                      C__
 bool lm::TabLayout::onSlantedSide(int along, int across) const
 {
-    const int k = style.curvature * style.curveMultiplier;
+    const int k = style.rounding();
     const Point A = {k, k}, C = {style.sideOffset - k, style.depth() - k};
     if (along > C.x)
         return true;

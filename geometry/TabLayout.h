@@ -5,12 +5,13 @@
 
 #include <X11/Xlib.h>
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
 namespace lm {
 
-/// What the tabs of a strip have in common. Lengths in pixels, none negative.
+/// What the tabs of a strip have in common. Lengths in pixels, 0 to 32767.
 struct TabStyle {
     bool horizontal = true;    // tabs hang down from the upper edge; else they stick out to the left from the right edge
     int sideOffset = 0;        // the run of a slanted side along the strip; neighbours overlap by it
@@ -24,8 +25,9 @@ struct TabStyle {
 
     /// How deep a tab is, from its base line to its far edge.
     int depth() const { return tabHeight + 2 * marginHeight; }
-    /// How long an end marker is.
-    int endLength() const { return endSpacing * endMultiplier; }
+    /// How long an end marker is, and a corner's rounding; no more than the protocol can draw.
+    int endLength() const { return std::min(endSpacing * endMultiplier, 32767); }
+    int rounding() const { return std::min(curvature * curveMultiplier, 32767); }
 };
 
 /// The tabs that show: consecutive ones, first to last.

@@ -48,6 +48,8 @@ TabPage::TabPage(Widget parent)
         _years.addTab(std::to_string(firstYear + i).c_str(), nullptr, False);
     for (LmComponent* part : std::initializer_list<LmComponent*>{&_years, &_months, &_deck})
         part->show();
+    _years.selectTab("2026", nullptr);
+    _months.selectTab("September", nullptr);
 }
 
 /// The strips touch the deck, and their base lines each other.

@@ -159,6 +159,17 @@ TEST_F(TabsOnScreen, AClickSelectsTheTabAndJoinsItToThePage)
         at([](Widget w, int x, int y, unsigned b) { click(w, x, y, b); }, (horizontal ? 600 : 300) - 20, 10, 3);
         EXPECT_EQ(takeHeard(), "?a far longer one1! ?-1! ");
         screenshot(horizontal ? "tabsAcross" : "tabsDown");
+        const char bits[8] = {~0, ~0, ~0, ~0, ~0, ~0, ~0, ~0};
+        const Pixmap bitmap = XCreateBitmapFromData(app().display(), XtWindow(strip), bits, 8, 8);
+        const int three = pixelCount(strip, panel.labelFg());
+        panel.setTabLabel(2, "");
+        settleUntil([&] { return pixelCount(strip, panel.labelFg()) < three; });
+        const int none = pixelCount(strip, panel.labelFg());
+        EXPECT_TRUE(panel.setTabPixmap("", bitmap));
+        settleUntil([&] { return pixelCount(strip, panel.labelFg()) > none; });
+        // down, three tabs get 8 + 3 pixels longer: so do their far edges, while the base line loses 11
+        EXPECT_EQ(pixelCount(strip, panel.labelFg()) - none, 64 + (horizontal ? 0 : 3 * 11 - 11));
+        XFreePixmap(app().display(), bitmap);
         destroyShell();
     }
 }
