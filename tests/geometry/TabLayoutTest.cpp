@@ -71,6 +71,10 @@ TEST(TabLayoutGeometry, TheRunHoldsTheSelectedTabAndMovesAsLittleAsMayBe)
     EXPECT_EQ(exact.endTab(0), 0);
     EXPECT_EQ(arranged(exact, 1), "0..1");
 
+    auto narrow = strip(true, {83, 0}, 134);   // as long as both, but not as the first with two markers
+    EXPECT_EQ(arranged(narrow, 0), "0..0");
+    EXPECT_EQ(arranged(narrow, 1), "0..1");
+
     lm::TabLayout none;
     EXPECT_EQ(arranged(none, -1), "0..0");
     EXPECT_EQ(none.tabAt(0, 0, -1), -1);
