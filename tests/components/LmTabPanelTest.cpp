@@ -176,10 +176,13 @@ TEST_F(TabsOnScreen, AClickSelectsTheTabAndJoinsItToThePage)
 
 TEST_F(TabsOnScreen, ThePressAtAnEndPopsUpAMenuThatGoesWhenItIsUsed)
 {
+    for (const char* line : {"*tabLabel.renderTable: xft", "*xft.fontType: FONT_IS_XFT", "*xft.fontName: DejaVu Sans"})
+        setResource(line);
     auto panel = tenTabs(shell());
     hear(*panel);
     show(*panel, 260, 40);
     Widget strip = stripOf(*panel);
+    EXPECT_EQ(pixelAt(strip, 110, 0), panel->labelFg());   // of the second tab: no label's clip cuts the base line
     for (const int chosen : {9, 0}) {
         const unsigned button = chosen == 9 ? 3 : 1;
         if (chosen == 9)
