@@ -56,8 +56,6 @@ TEST_F(CallbackModel, RegistrationsOfOneNameRunInOrderAndGoTogether)
 
     sender.cloneCallback("a", "c", &listener);
     listener.callCallbacks("c", nullptr);
-    EXPECT_EQ(spoken, "1l1ll");
-
     sender.cloneCallbacks(&sender);   // only what was there: no endless growth
     sender.callCallbacks("b", nullptr);
     EXPECT_EQ(spoken, "1l1llxx");

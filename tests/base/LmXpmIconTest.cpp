@@ -33,12 +33,6 @@ struct IconOnScreen : OnScreen {
         return XtVaCreatePopupShell("window", applicationShellWidgetClass, app().baseWidget(), XmNwidth, 50, XmNheight, 50,
                                     nullptr);
     }
-    static Window iconWindowOf(Widget w)
-    {
-        Window window = None;
-        XtVaGetValues(w, XmNiconWindow, &window, nullptr);
-        return window;
-    }
     static std::vector<unsigned long> iconPropertyOf(Widget w)
     {
         Atom type = None;
@@ -86,7 +80,9 @@ TEST_F(IconOnScreen, TheIconIsAWindowAndAPropertyOnceThereIsAWindow)
     const std::vector<unsigned long> expected = {2, 2, 0xFFFF0000, 0xFF0000FF, 0, 0xFFFF0000};
     EXPECT_EQ(iconPropertyOf(early), expected);
     EXPECT_EQ(iconPropertyOf(late), expected);
-    EXPECT_NE(iconWindowOf(early), Window{None});
+    Window iconWindow = None;
+    XtVaGetValues(early, XmNiconWindow, &iconWindow, nullptr);
+    EXPECT_NE(iconWindow, Window{None});
     XtDestroyWidget(early);
     XtDestroyWidget(late);
 }

@@ -78,7 +78,6 @@ TEST(StartUpOnScreen, TheKeyTableIsTheOneMotifMakes)
     for (const std::string& text : {std::string(), std::string(_XmVirtKeys_hpFallbackBindingString), odd}) {
         setBindings(text);
         const std::string expected = keyTable(Start::plain);
-        EXPECT_GT(std::ranges::count(expected, '\n'), 5) << text;
         EXPECT_EQ(keyTable(Start::prepared), expected) << text;
         setBindings("");
         EXPECT_EQ(keyTable(Start::prepared), keyTable(Start::plain));   // in the other order, from Motif's property

@@ -69,12 +69,10 @@ TEST_F(OnScreen, AChosenMenuEntryWorksBusilyAsksAndCanBeUndone)
     settleUntil([&] { return isViewable(cut); });
     click(cut);
     EXPECT_EQ(story, "LmWindow blocked busy ok open");
-    EXPECT_EQ(app().busyCount(), 0);
     EXPECT_EQ(textOf(getTheUndoManager()->baseWidget()), "Undo: cutLines");
 
     click(edit->baseWidget());
     settleUntil([&] { return isViewable(getTheUndoManager()->baseWidget()); });
     click(getTheUndoManager()->baseWidget());
     EXPECT_EQ(story, "LmWindow blocked busy ok open pasted");
-    EXPECT_FALSE(XtIsSensitive(getTheUndoManager()->baseWidget()));
 }
