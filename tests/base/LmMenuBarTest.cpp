@@ -2,13 +2,11 @@
 
 #include "LmMenuAction.h"
 #include "LmMenuBar.h"
-#include "LmMenuUndoManager.h"
 #include "LmSubMenu.h"
 #include "LmWindow.h"
 
 #include <Xm/Label.h>
 #include <Xm/MenuShell.h>
-#include <Xm/RowColumn.h>
 
 #include <span>
 
