@@ -8,9 +8,7 @@
 
 TEST(FormatModel, TakesItsPreviousResultAsArgumentAndAsFormat)
 {
-    const char* path = LmFormat("%s.%d", "window", 7);
-    path = LmFormat("%s.%s", path, "list");
-    EXPECT_STREQ(path, "window.7.list");
+    const char* path = LmFormat("%s.%s", LmFormat("%s.%d", "window", 7), "list");
     EXPECT_STREQ(LmFormat("<%s%s>", path, path), "<window.7.listwindow.7.list>");
 }
 
@@ -26,9 +24,8 @@ TEST(FormatModel, CutsAt1023BytesButNotInsideACharacter)
 
 TEST(FormatModel, JoinsLeaveOutWhatIsNull)
 {
-    const auto joined = [](const char* a, const char* b) {
-        return std::string(std::unique_ptr<char[]>(strdotconcat(a, b)).get());
-    };
+    using Owner = std::unique_ptr<char[]>;
+    const auto joined = [](const char* a, const char* b) { return std::string(Owner(strdotconcat(a, b)).get()); };
     EXPECT_EQ(joined("a", "b") + joined(nullptr, "b") + joined("a", nullptr) + joined("", ""), "a.bba.");
 }
 

@@ -59,10 +59,8 @@ LmApp& app()
 static void dispatchOne()
 {
     XtAppContext context = app().appContext();
-    if (const XtInputMask other = XtAppPending(context) & (XtIMTimer | XtIMAlternateInput | XtIMSignal)) {
-        XtAppProcessEvent(context, other);
-        return;
-    }
+    if (const XtInputMask other = XtAppPending(context) & (XtIMTimer | XtIMAlternateInput | XtIMSignal))
+        return XtAppProcessEvent(context, other);
     XEvent event;
     XtAppNextEvent(context, &event);
     if (!XtDispatchEvent(&event))
@@ -174,9 +172,8 @@ void type(const std::string& text)
 {
     for (const char c : text) {
         const KeySym keysym = c == '\n' ? XK_Return : static_cast<unsigned char>(c);
-        const KeyCode code = XKeysymToKeycode(display(), keysym);
-        const bool shifted = XkbKeycodeToKeysym(display(), code, 0, 0) != keysym;
-        key(keysym, shifted ? std::vector<KeySym>{XK_Shift_L} : std::vector<KeySym>{});
+        const bool shifted = XkbKeycodeToKeysym(display(), XKeysymToKeycode(display(), keysym), 0, 0) != keysym;
+        key(keysym, std::vector<KeySym>(shifted ? 1 : 0, XK_Shift_L));
     }
 }
 
@@ -269,22 +266,22 @@ void sendProtocol(Widget shell, const char* protocol)
 
 // --- output and exits --------------------------------------------------------------------------------------------------
 
-static std::string outputOf(FILE* stream, int descriptor, const std::function<void()>& action)
+static std::string outputOf(FILE* stream, const std::function<void()>& action)
 {
     const lm::FileDescriptor file(memfd_create("output", MFD_CLOEXEC));
     std::fflush(stream);
-    const lm::FileDescriptor saved(dup(descriptor));
-    dup2(file.get(), descriptor);
+    const lm::FileDescriptor saved(dup(fileno(stream)));
+    dup2(file.get(), fileno(stream));
     action();
     std::fflush(stream);
-    dup2(saved.get(), descriptor);
+    dup2(saved.get(), fileno(stream));
     std::ifstream input("/proc/self/fd/" + std::to_string(file.get()));
     return {std::istreambuf_iterator<char>(input), {}};
 }
 
-std::string stdoutOf(const std::function<void()>& action) { return outputOf(stdout, STDOUT_FILENO, action); }
+std::string stdoutOf(const std::function<void()>& action) { return outputOf(stdout, action); }
 
-std::string stderrOf(const std::function<void()>& action) { return outputOf(stderr, STDERR_FILENO, action); }
+std::string stderrOf(const std::function<void()>& action) { return outputOf(stderr, action); }
 
 int exitStatusOf(const std::function<void()>& action)
 {

@@ -45,7 +45,7 @@ TEST(CursorList, FramesGoRoundAndEachIsCreatedOnce)
     EXPECT_EQ(list.created, (std::vector{0, 1, 2}));
 }
 
-struct BusyCursorsOnScreen : OnScreen {};
+using BusyCursorsOnScreen = OnScreen;
 
 TEST_F(BusyCursorsOnScreen, AWatchWhoseHandTurnsClockwise)
 {
