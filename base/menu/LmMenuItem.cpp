@@ -4,7 +4,6 @@
 #include "LmMenu.h"
 #include "LmResource.h"
 #include "LmSubMenu.h"
-#include "base/menu/Panes.h"
 #include "support/resources.h"
 
 #include <Xm/RowColumn.h>
@@ -159,7 +158,7 @@ void LmMenuItem::dropWidget()
     if (!_baseWidget)
         return;
     if (isContainer())
-        lm::popDown(static_cast<LmMenu*>(this)->menuParent());
+        static_cast<LmMenu*>(this)->endUse();
     removeDestroyHandler();
     XtDestroyWidget(_baseWidget);
     widgetDestroyed();
