@@ -210,3 +210,20 @@ TEST_F(PrefOnScreen, ARadioBoxHoldsOneToggle)
     radio.updateValue();
     EXPECT_TRUE(right.getValue() && !left.getValue());
 }
+
+TEST(PrefInUtf8, TextsComeBackWhole)
+{
+    EXPECT_EQ(exitStatusOf([] {
+                  setenv("LC_ALL", "C.UTF-8", 1);
+                  LmApp application("Prog", nullptr, nullptr, nullptr, 0);
+                  auto* window = new Window1;
+                  window->show();
+                  LmPrefText text("text", 10);
+                  text.build(window->mainWindowWidget());
+                  text.setValue("Grüße, Привет");
+                  EXPECT_FALSE(text.changed());
+                  XmTextFieldInsert(text.baseWidget(), 5, const_cast<char*>(" 你"));
+                  EXPECT_EQ(valueOf(text), "Grüße 你, Привет");
+              }),
+              0);
+}
