@@ -2,9 +2,9 @@
 
 #include "LmComponentList.h"
 #include "LmMenu.h"
-#include "LmResource.h"
 #include "LmSubMenu.h"
 #include "support/resources.h"
+#include "utils/CompoundResource.h"
 
 #include <Xm/RowColumn.h>
 
@@ -76,9 +76,7 @@ void LmMenuItem::setLabel(const char* text)
         _label.reset(strdup(text));
     if (!_baseWidget)
         return;
-    const lm::XmText label(
-        static_cast<XmString>(LmGetResource(_baseWidget, _label.get(), XmCLabelString, XmRXmString, _label.get())));
-    XtVaSetValues(_baseWidget, XmNlabelString, label.get(), nullptr);
+    XtVaSetValues(_baseWidget, XmNlabelString, lm::labelResource(_baseWidget, _label.get()).get(), nullptr);
 }
 
 // --- building ----------------------------------------------------------------------------------------------------------
