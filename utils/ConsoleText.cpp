@@ -1,0 +1,60 @@
+#include "utils/ConsoleText.h"
+
+#include "support/handles.h"
+#include "support/resources.h"
+
+#include <algorithm>
+
+void lm::ConsoleText::replace(XmTextPosition from, XmTextPosition to, const char* text)
+{
+    const bool before = std::exchange(_changing, true);
+    XmTextReplace(_text, from, to, xtText(text));
+    _changing = before;
+}
+
+void lm::ConsoleText::insert(XmTextPosition at, const std::string& text)
+{
+    if (text.empty())
+        return;
+    replace(at, at, text.c_str());
+    _bytes += text.size();
+}
+
+void lm::ConsoleText::erase(XmTextPosition at, std::string_view text)
+{
+    erase(at, at + static_cast<XmTextPosition>(characterCount(text, _units)), text.size());
+}
+
+void lm::ConsoleText::erase(XmTextPosition from, XmTextPosition to, size_t bytes)
+{
+    if (from == to)
+        return;
+    replace(from, to, "");
+    _bytes -= std::min(bytes, _bytes);
+}
+
+void lm::ConsoleText::clear() { erase(0, last(), _bytes); }
+
+std::string lm::ConsoleText::substring(XmTextPosition from, XmTextPosition to) const
+{
+    const auto count = static_cast<int>(to - from);
+    std::string text(static_cast<size_t>(count) * MB_CUR_MAX + 1, '\0');
+    XmTextGetSubstring(_text, from, count, static_cast<int>(text.size()), text.data());
+    text.resize(text.find('\0'));
+    return text;
+}
+
+void lm::ConsoleText::cutFront(size_t excess, XmTextPosition end)
+{
+    // Characters have at least one byte, so the cut is within these, unless a line goes on behind them.
+    constexpr size_t moreThanALine = 4096;
+    for (size_t reach = excess + moreThanALine;; reach *= 2) {
+        const XmTextPosition to = std::min(end, static_cast<XmTextPosition>(reach));
+        const std::string front = substring(0, to);
+        const size_t cut = frontCut(front, std::min(excess, front.size()));
+        if (to < end && (cut == 0 || front[cut - 1] != '\n'))
+            continue;
+        erase(0, static_cast<XmTextPosition>(characterCount(std::string_view(front).substr(0, cut), _units)), cut);
+        return;
+    }
+}
