@@ -16,6 +16,7 @@
 #include <cstring>
 #include <utility>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 using namespace std::chrono_literals;
@@ -26,7 +27,7 @@ const char* const LmForkIO::exitCallback = "exitCallback";
 // A turn of the event loop reads for `readTime` and shows for `showTime`, the latter once in a `frameTime`.
 static constexpr auto readTime = 3ms, showTime = 8ms, frameTime = 20ms;
 static constexpr size_t readSize = 64 * 1024, sliceSize = 4 * 1024;
-static constexpr size_t pipeSize = 1024 * 1024;   // a pipe holds no more
+static constexpr size_t pipeSize = 256 * 1024;
 
 /// One of a command's pipes.
 struct LmForkIO::Pipe {
@@ -98,6 +99,8 @@ void LmForkIO::execCommand(const char* command)
     }
     _process = started;
     _runs.push_back(std::make_unique<Run>(started));
+    for (size_t i = 0; i < 2; ++i)
+        fcntl(_runs.back()->pipe(i)->readFd(), F_SETPIPE_SZ, static_cast<int>(pipeSize));   // fewer changes between processes
     newInput();
     if (!here)
         return;
@@ -215,6 +218,7 @@ bool LmForkIO::readSome(LmInput* input, size_t most, Clock::duration time)
         if (count < 0)
             break;
         total += static_cast<size_t>(count);
+        _fed = true;
         leaveOut();
         if (Clock::now() >= end)
             break;
@@ -269,7 +273,8 @@ void LmForkIO::leaveOut()
         _leftOut = true;
 }
 
-/// Shows what waits: at once after a pause, else with the next frame or in idle time, whichever comes first.
+/// Shows what waits: at once after a pause, else with the next frame. In idle time, too, unless more keeps coming: most of
+/// a flood is never shown, and reading it comes first.
 void LmForkIO::showSoon()
 {
     if (_queue->empty()) {
@@ -289,7 +294,7 @@ void LmForkIO::showSoon()
         _frame = lm::TimerHandle(
             lm::after<&LmForkIO::frameDue>(context, static_cast<unsigned long>(wait.count()), this));
     }
-    if (!_idle)
+    if (!_idle && !_fed)
         _idle = lm::WorkProcHandle(lm::whenIdle<&LmForkIO::showWhenIdle>(context, this));
 }
 
@@ -309,6 +314,7 @@ Boolean LmForkIO::showWhenIdle()
 void LmForkIO::showTurn()
 {
     const lm::Watch here(liveness());
+    _fed = false;
     insertSlices();
     if (!here)
         return;

@@ -102,6 +102,7 @@ private:
     std::vector<std::unique_ptr<Run>> _runs;   // commands that run or whose pipes are open, oldest first
     std::unique_ptr<Pipe> _strangers;          // for pipes given to readAndOutput() that are no command's
     std::unique_ptr<lm::OutputQueue> _queue;
+    bool _fed = false;       // something was read since the last turn
     bool _leftOut = false;   // the queue lost its front: the history is to go as well
     Clock::time_point _lastTurn{};
     lm::TimerHandle _frame;
