@@ -12,12 +12,41 @@ void lm::ConsoleText::replace(XmTextPosition from, XmTextPosition to, const char
     _changing = before;
 }
 
-void lm::ConsoleText::insert(XmTextPosition at, const std::string& text)
+/// Where the line behind the present one starts; the end of the text when there is none.
+static size_t nextLine(std::string_view text) { return std::min(text.find('\n'), text.size() - 1) + 1; }
+
+void lm::ConsoleText::insert(XmTextPosition at, std::string_view text)
 {
-    if (text.empty())
-        return;
-    replace(at, at, text.c_str());
     _bytes += text.size();
+    int refusals = 0;   // the first line may go on one that is there; a second refusal tells of something unusual
+    while (!text.empty()) {
+        const size_t plain = _direct.plainLines(text);
+        if (plain > 0 && _direct.insert(at, text.substr(0, plain))) {
+            at += static_cast<XmTextPosition>(plain);
+            text.remove_prefix(plain);
+            continue;
+        }
+        refusals += plain > 0;
+        const size_t slow = refusals > 1 ? text.size() : slowLength(text);
+        insertSlowly(at, text.substr(0, slow));
+        text.remove_prefix(slow);
+    }
+}
+
+/// How much of a text, whose first line is not taken directly, is to go Motif's way at once: that line, and with it those
+/// that are not taken either.
+size_t lm::ConsoleText::slowLength(std::string_view text)
+{
+    size_t length = nextLine(text);
+    while (length < text.size() && _direct.plainLines(text.substr(length)) == 0)
+        length += nextLine(text.substr(length));
+    return length;
+}
+
+void lm::ConsoleText::insertSlowly(XmTextPosition& at, std::string_view text)
+{
+    replace(at, at, std::string(text).c_str());
+    at += static_cast<XmTextPosition>(characterCount(text, _units));
 }
 
 void lm::ConsoleText::erase(XmTextPosition at, std::string_view text)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "utils/Characters.h"
+#include "utils/DirectText.h"
 
 #include <Xm/Text.h>
 
@@ -12,7 +13,7 @@ namespace lm {
 class ConsoleText {
 public:
     /// The text widget, empty.
-    explicit ConsoleText(Widget text) : _text(text), _units(localeUnits()) {}
+    explicit ConsoleText(Widget text) : _text(text), _direct(text), _units(localeUnits()) {}
 
     XmTextPosition last() const { return XmTextGetLastPosition(_text); }
     size_t bytes() const { return _bytes; }
@@ -20,7 +21,7 @@ public:
     bool isChanging() const { return _changing; }
 
     /// Inserts whole characters.
-    void insert(XmTextPosition at, const std::string& text);
+    void insert(XmTextPosition at, std::string_view text);
     /// Removes what is known to be `text` at a position.
     void erase(XmTextPosition at, std::string_view text);
     /// Removes `bytes` bytes that are the characters between two positions.
@@ -31,10 +32,13 @@ public:
     void cutFront(size_t excess, XmTextPosition end);
 
 private:
+    size_t slowLength(std::string_view text);
+    void insertSlowly(XmTextPosition& at, std::string_view text);
     void replace(XmTextPosition from, XmTextPosition to, const char* text);
     std::string substring(XmTextPosition from, XmTextPosition to) const;
 
     Widget _text;
+    DirectText _direct;
     Units _units;
     size_t _bytes = 0;
     bool _changing = false;
