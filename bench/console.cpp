@@ -20,7 +20,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr double megabytes = 50;
-constexpr char writer[] = "yes 1234567890123456789012345678901234567890123456789012345678901234567890123456789 | head -c 50000000";
+constexpr char writer[] =
+    "yes 1234567890123456789012345678901234567890123456789012345678901234567890123456789 | head -c 50000000";
 
 LmApp& application()
 {

@@ -291,8 +291,7 @@ void LmForkIO::showSoon()
     XtAppContext context = theApplication->appContext();
     if (!_frame) {
         const auto wait = std::chrono::duration_cast<std::chrono::milliseconds>(frameTime - since) + 1ms;
-        _frame = lm::TimerHandle(
-            lm::after<&LmForkIO::frameDue>(context, static_cast<unsigned long>(wait.count()), this));
+        _frame = lm::TimerHandle(lm::after<&LmForkIO::frameDue>(context, static_cast<unsigned long>(wait.count()), this));
     }
     if (!_idle && !_fed)
         _idle = lm::WorkProcHandle(lm::whenIdle<&LmForkIO::showWhenIdle>(context, this));

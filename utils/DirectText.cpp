@@ -1,8 +1,8 @@
 #include "utils/DirectText.h"
 
 #include <X11/Xft/Xft.h>
-#include <Xm/TextP.h>
 #include <Xm/TextOutP.h>
+#include <Xm/TextP.h>
 #include <Xm/TextStrSoP.h>
 #include <Xm/XmP.h>
 
@@ -90,7 +90,8 @@ bool isPlain(Widget w)
            data->widgets[0] == reinterpret_cast<XmTextWidget>(w) && !data->hasselection && text.highlight.number <= 1 &&
            !text.in_redisplay && !text.in_refigure_lines && !text.in_setvalues && !text.in_resize &&
            (!text.onthespot || text.onthespot->end == text.onthespot->start) && text.line_table && text.total_lines > 0 &&
-           XmDirectionMatch(layoutOf(w), XmLEFT_TO_RIGHT_TOP_TO_BOTTOM) && XtHasCallbacks(w, XmNvalueChangedCallback) != XtCallbackHasSome && Buffer(data).isKnown();
+           XmDirectionMatch(layoutOf(w), XmLEFT_TO_RIGHT_TOP_TO_BOTTOM) &&
+           XtHasCallbacks(w, XmNvalueChangedCallback) != XtCallbackHasSome && Buffer(data).isKnown();
 }
 
 /// Which entry of the table of lines is that of a line (not of its continuation) starting there; -1: none.
@@ -111,8 +112,8 @@ void addLines(XmTextPart& text, int at, std::string_view lines)
     if (text.table_size < wanted) {
         text.table_size = wanted + wanted / 2;
         const auto bytes = text.table_size * sizeof(XmTextLineTableRec);
-        text.line_table = reinterpret_cast<XmTextLineTable>(
-            XtRealloc(reinterpret_cast<char*>(text.line_table), static_cast<Cardinal>(bytes)));
+        text.line_table =
+            reinterpret_cast<XmTextLineTable>(XtRealloc(reinterpret_cast<char*>(text.line_table), static_cast<Cardinal>(bytes)));
     }
     XmTextLineTable table = text.line_table;
     auto start = static_cast<unsigned int>(table[at].start_pos);

@@ -22,9 +22,8 @@ LmTextIO::LmTextIO(const char* name, Widget parent, const char* prompt)
       _above(std::make_unique<lm::TextDecoder>(lm::localeUnits())),
       _atCursor(std::make_unique<lm::TextDecoder>(lm::localeUnits()))
 {
-    Arg args[] = {{lm::xtText(XmNeditMode), XmMULTI_LINE_EDIT},
-                  {lm::xtText(XmNscrollHorizontal), False},
-                  {lm::xtText(XmNwordWrap), True}};
+    Arg args[] = {
+        {lm::xtText(XmNeditMode), XmMULTI_LINE_EDIT}, {lm::xtText(XmNscrollHorizontal), False}, {lm::xtText(XmNwordWrap), True}};
     _text = XmCreateScrolledText(parent, lm::xtText(this->name()), args, static_cast<Cardinal>(std::size(args)));
     _console = std::make_unique<lm::ConsoleText>(_text);
     _w = XtParent(_text);
@@ -49,9 +48,8 @@ LmTextIO::~LmTextIO()
 
 void LmTextIO::prepareText()
 {
-    static XtActionsRec actions[] = {{lm::xtText("textio-ctrl-u"), ctrl_u},
-                                     {lm::xtText("textio-ctrl-c"), ctrl_c},
-                                     {lm::xtText("textio-ctrl-w"), ctrl_w}};
+    static XtActionsRec actions[] = {
+        {lm::xtText("textio-ctrl-u"), ctrl_u}, {lm::xtText("textio-ctrl-c"), ctrl_c}, {lm::xtText("textio-ctrl-w"), ctrl_w}};
     static XtAppContext known = nullptr;
     XtAppContext context = XtWidgetToApplicationContext(_text);
     if (std::exchange(known, context) != context)
@@ -194,8 +192,7 @@ void LmTextIO::limitHistory()
     if (limit <= shortHistory || bytes > limit + limit / 8)
         cutHistory();
     else if (!_cutWorkProc)
-        _cutWorkProc =
-            lm::WorkProcHandle(lm::whenIdle<&LmTextIO::cutHistoryWhenIdle>(XtWidgetToApplicationContext(_text), this));
+        _cutWorkProc = lm::WorkProcHandle(lm::whenIdle<&LmTextIO::cutHistoryWhenIdle>(XtWidgetToApplicationContext(_text), this));
 }
 
 void LmTextIO::cutHistory()

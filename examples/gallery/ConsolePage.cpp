@@ -1,7 +1,7 @@
 #include "ConsolePage.h"
 
-#include <Lm/LmFormat.h>
 #include <Lm/LmForkIO.h>
+#include <Lm/LmFormat.h>
 #include <Lm/support/calldata.h>
 #include <Lm/support/xmtext.h>
 #include <Lm/support/xt.h>

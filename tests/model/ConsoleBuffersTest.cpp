@@ -19,7 +19,9 @@ static std::string decoded(std::initializer_list<std::string_view> pieces, Units
 TEST(TextDecoderModel, MendsWhatIsBrokenAndWaitsForWhatIsCut)
 {
     using namespace std::string_view_literals;
-    EXPECT_EQ(decoded({"abc\xff""def\0\n"sv}), "abc\uFFFDdef\uFFFD\n");
+    EXPECT_EQ(decoded({"abc\xff"
+                       "def\0\n"sv}),
+              "abc\uFFFDdef\uFFFD\n");
     EXPECT_EQ(decoded({"eight or more \xE2\x82", "\xAC and on"}), "eight or more € and on");
     EXPECT_EQ(decoded({"\xF0", "\x9F", "\x98", "\x80"}), "😀");
     EXPECT_EQ(decoded({"\xE2\x82", "x"}), "\uFFFDx");

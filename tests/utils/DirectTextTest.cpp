@@ -4,9 +4,9 @@
 #include "support/resources.h"
 #include "utils/ConsoleText.h"
 
-#include <Xm/TextP.h>
-#include <Xm/TextOutP.h>
 #include <Xm/ScrollBar.h>
+#include <Xm/TextOutP.h>
+#include <Xm/TextP.h>
 
 #include <X11/Xutil.h>
 
@@ -30,8 +30,8 @@ struct State {
         text = lm::XtString(XmTextGetString(w)).get();
         for (int i = 0; i < part.total_lines; ++i)
             lines.push_back(part.line_table[i].start_pos * 2UL + part.line_table[i].virt_line);
-        places = {part.top_character, part.bottom_position, part.cursor_position, part.last_position, part.top_line,
-                  XmTextGetLastPosition(w)};
+        places = {part.top_character, part.bottom_position, part.cursor_position,
+                  part.last_position, part.top_line,        XmTextGetLastPosition(w)};
         int value = 0, size = 0, maximum = 0;
         XtVaGetValues(part.output->data->vbar, XmNvalue, &value, XmNsliderSize, &size, XmNmaximum, &maximum, nullptr);
         places.insert(places.end(), {value, size, maximum});
@@ -50,7 +50,7 @@ Widget makeText(Widget parent)
                   {lm::xtText(XmNscrollHorizontal), False},
                   {lm::xtText(XmNwordWrap), True},
                   {lm::xtText(XmNautoShowCursorPosition), False},
-                  {lm::xtText(XmNblinkRate), 0},
+                  {lm::xtText(XmNcursorPositionVisible), False},   // drawn otherwise in the text changed last
                   {lm::xtText(XmNrows), 10},
                   {lm::xtText(XmNcolumns), 40}};
     Widget text = XmCreateScrolledText(parent, lm::xtText("text"), args, std::size(args));
@@ -59,39 +59,40 @@ Widget makeText(Widget parent)
 }
 
 /// A shell of one text on the screen.
-Widget shownText(const char* name)
+Widget shownText(const char* name, int x)
 {
-    Widget shell = XtVaAppCreateShell(name, "Compared", topLevelShellWidgetClass, app().display(), nullptr);
+    Widget shell = XtVaAppCreateShell(name, "Compared", topLevelShellWidgetClass, app().display(), XmNx, x, nullptr);
     Widget text = makeText(shell);
     XtRealizeWidget(shell);
     settleUntil([&] { return isViewable(text); });
     return text;
 }
 
-
 }   // namespace
 
 struct DirectTextComparison : Utf8Locale, OnScreen {
     void compare(const char* when)
     {
-        XRaiseWindow(app().display(), XtWindow(XtParent(XtParent(direct))));
         settle();
-        const State ours(direct);
-        XRaiseWindow(app().display(), XtWindow(XtParent(XtParent(plain))));
-        settle();
-        const State motifs(plain);
+        const State ours(direct), motifs(plain);
         ASSERT_EQ(ours.text, motifs.text) << when;
         ASSERT_EQ(ours.lines, motifs.lines) << when;
         ASSERT_EQ(ours.places, motifs.places) << when;
-        ASSERT_EQ(ours.pixels, motifs.pixels) << when;
+        size_t first = 0, n = 0;
+        for (size_t i = 0; i < ours.pixels.size(); ++i)
+            if (ours.pixels[i] != motifs.pixels[i]) {
+                if (!n++)
+                    first = i;
+            }
+        ASSERT_TRUE(ours.pixels == motifs.pixels) << when;
     }
     template <class Do> void both(Do what)
     {
         what(direct);
         what(plain);
     }
-    Widget direct = shownText("direct");
-    Widget plain = shownText("plain");
+    Widget direct = shownText("direct", 0);
+    Widget plain = shownText("plain", 500);
 };
 
 TEST_F(DirectTextComparison, LeavesEverythingAsMotifWould)
@@ -131,10 +132,12 @@ TEST_F(DirectTextComparison, LeavesEverythingAsMotifWould)
             both([](Widget w) { XmTextReplace(w, 0, XmTextGetLastPosition(w) / 3, lm::xtText("")); });
             break;
         case 3:
-            both([](Widget w) { XmTextSetSelection(w, XmTextGetLastPosition(w) - 10, XmTextGetLastPosition(w) - 5, 1); });
+            both([](Widget w) {
+                XmTextSetHighlight(w, XmTextGetLastPosition(w) - 10, XmTextGetLastPosition(w) - 5, XmHIGHLIGHT_SELECTED);
+            });
             break;
         case 4:
-            both([](Widget w) { XmTextClearSelection(w, 1); });
+            both([](Widget w) { XmTextSetHighlight(w, 0, XmTextGetLastPosition(w), XmHIGHLIGHT_NORMAL); });
             break;
         default:
             both([](Widget w) { XmTextScroll(w, -3); });

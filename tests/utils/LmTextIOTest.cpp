@@ -123,7 +123,7 @@ TEST_F(TextIOOnScreen, CharactersOfSeveralBytesAreEditedWhole)
     type("z");
     EXPECT_EQ(text(), "> aézb");
 
-    XmTextSetSelection(pane.textWidget(), 3, 5, CurrentTime);   // "éz"
+    XmTextSetSelection(pane.textWidget(), 3, 5, CurrentTime);     // "éz"
     XmTextReplace(pane.textWidget(), 3, 5, lm::xtText("€uro"));   // as a paste over the selection
     EXPECT_EQ(text(), "> a€urob");
     XmTextSetInsertionPosition(pane.textWidget(), last());
