@@ -25,7 +25,7 @@ const char* const LmForkIO::inputCallback = "inputCallback";
 const char* const LmForkIO::exitCallback = "exitCallback";
 
 // A turn of the event loop reads for `readTime` and shows for `showTime`, the latter once in a `frameTime`.
-static constexpr auto readTime = 3ms, showTime = 8ms, frameTime = 20ms;
+static constexpr auto readTime = 3ms, showTime = 6ms, frameTime = 20ms;
 static constexpr size_t readSize = 64 * 1024, sliceSize = 4 * 1024;
 static constexpr size_t pipeSize = 256 * 1024;
 

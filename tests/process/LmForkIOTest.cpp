@@ -96,12 +96,12 @@ TEST_F(ForkIOOnScreen, WhatACommandWritesStandsThereWhenItEnds)
     open();
     EXPECT_EQ(textIn(pane), "> ");
     EXPECT_FALSE(pane.activated());
-    pane.execCommand("sh -c 'printf \"a\\377\\000\\303\"; sleep 0.1; printf \"\\251\\n\"; echo no >&2; exit 3'");
+    pane.execCommand("sh -c 'printf \"a\\377\\000\\303\"; sleep 0.1; printf \"\\251\\n\"; exit 3'");
     EXPECT_TRUE(pane.activated());
     EXPECT_EQ(textIn(pane), "> ");
     settleUntil([&] { return !exits.values.empty(); });
     EXPECT_EQ(exits.values, std::vector<int>{3 << 8});
-    EXPECT_EQ(textIn(pane), "a\uFFFD\uFFFDé\nno\n");
+    EXPECT_EQ(textIn(pane), "a\uFFFD\uFFFDé\n");
     EXPECT_FALSE(pane.activated());
     EXPECT_EQ(pane.process().operator->(), nullptr);
 
@@ -117,8 +117,8 @@ TEST_F(ForkIOOnScreen, WhatACommandWritesStandsThereWhenItEnds)
 
     for (int i = 0; i < reducedInSanitizer(100); ++i) {
         pane.clearHistory();
-        run("head -c 60000 /dev/zero");
-        ASSERT_EQ(XmTextGetLastPosition(pane.textWidget()), 60000) << "run " << i;
+        run("sh -c 'yes 12345678é | head -c 59994; echo ends'");
+        ASSERT_EQ(textIn(pane).size(), 59999U) << "run " << i;
     }
 }
 
