@@ -6,6 +6,7 @@
 #include "MenuPage.h"
 #include "PreferencePage.h"
 #include "SearchPage.h"
+#include "TabPage.h"
 
 #include <Lm/LmApp.h>
 #include <Lm/LmMenuBar.h>
@@ -79,6 +80,7 @@ void GalleryWindow::addPages()
     _pages.push_back(std::make_unique<SearchPage>(_deck));
     _pages.push_back(std::make_unique<ChartPage>(_deck));
     _pages.push_back(std::make_unique<ConsolePage>(_deck));
+    _pages.push_back(std::make_unique<TabPage>(_deck));
     for (const auto& page : _pages) {
         const lm::XmText title(XmStringCreateLocalized(lm::xtText(page->title())));
         XmListAddItemUnselected(_list, title.get(), 0);
