@@ -32,9 +32,8 @@ void giveLargest(const LmWidgetList& list, const char* resource, Dimension& larg
 void lineUp(const LmWidgetList& list, const char* coordinate, const char* size, Position& furthest)
 {
     const auto extent = [size](Widget w) { return size ? get<Dimension>(w, size) : 0; };
-    forEach(list, [&](Widget w) {
-        furthest = std::max(furthest, static_cast<Position>(get<Position>(w, coordinate) + extent(w)));
-    });
+    forEach(list,
+            [&](Widget w) { furthest = std::max(furthest, static_cast<Position>(get<Position>(w, coordinate) + extent(w))); });
     forEach(list, [&](Widget w) { XtVaSetValues(w, coordinate, static_cast<Position>(furthest - extent(w)), nullptr); });
 }
 
