@@ -9,11 +9,11 @@ namespace lm {
 
 /// Edges of a piece that are not drawn, since the slice goes on there.
 enum PieFlag : int {
-    PieStartInside = 1,    ///< no edge at the start side
-    PieEndInside = 2,      ///< no edge at the end side
-    PieContinuesUp = 4,    ///< no radial edge at the top
-    PieContinuesDown = 8,  ///< no radial edge at the bottom, and no front rim
-    PieNoOuterEdge = 16    ///< no vertical edge at the outside
+    PieStartInside = 1,     ///< no edge at the start side
+    PieEndInside = 2,       ///< no edge at the end side
+    PieContinuesUp = 4,     ///< no radial edge at the top
+    PieContinuesDown = 8,   ///< no radial edge at the bottom, and no front rim
+    PieNoOuterEdge = 16     ///< no vertical edge at the outside
 };
 
 /// A slice, or a piece of one: angles in degrees, counter-clockwise from three o'clock; levels in pixels.

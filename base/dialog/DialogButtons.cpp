@@ -1,7 +1,5 @@
 #include "base/dialog/DialogButtons.h"
 
-#include "LmResource.h"
-
 #include <Xm/FileSB.h>
 #include <Xm/MessageB.h>
 #include <Xm/SelectioB.h>
@@ -34,9 +32,4 @@ void lm::setText(Widget w, const char* resource, XmString text)
     const XmText owner(present);
     if (!present || !XmStringByteCompare(present, text))
         XtVaSetValues(w, resource, text, nullptr);
-}
-
-lm::XmText lm::compoundResource(Widget w, const char* name, const char* cls, const char* fallback)
-{
-    return XmText(static_cast<XmString>(LmGetResource(w, name, cls, XmRXmString, fallback)));
 }

@@ -30,7 +30,4 @@ void setManaged(Widget w, bool managed);
 /// Sets an XmString resource, unless it has that value: each setting lays the dialog out anew.
 void setText(Widget w, const char* resource, XmString text);
 
-/// The compound string that the resource `name` of `cls` gives on the widget; default the text itself.
-XmText compoundResource(Widget w, const char* name, const char* cls, const char* fallback);
-
 }   // namespace lm

@@ -12,6 +12,7 @@
 #include "support/WidgetWatch.h"
 #include "support/resources.h"
 #include "support/xt.h"
+#include "utils/CompoundResource.h"
 
 #include <X11/Shell.h>
 #include <Xm/MessageB.h>
@@ -244,7 +245,7 @@ void LmDialogManager::fillTitle(Widget dialog)
 static lm::XmText buttonLabel(Widget dialog, const std::string& once, const char* resource, const char* fallback)
 {
     if (!once.empty())
-        return lm::compoundResource(dialog, once.c_str(), XmCLabelString, once.c_str());
+        return lm::labelResource(dialog, once.c_str());
     return lm::compoundResource(dialog, resource, XmCLabelString, fallback);
 }
 
@@ -335,17 +336,34 @@ static void setStyle(Widget dialog, unsigned char style)
         XtVaSetValues(dialog, XmNdialogStyle, style, nullptr);
 }
 
+/// Shows a dialog that prepost() filled; null when there is none, or when it was destroyed meanwhile.
+Widget LmDialogManager::present(Widget dialog, unsigned char style, LmSimpleWindow* parentWindow, Widget parentWidget)
+{
+    if (!dialog)
+        return nullptr;
+    setStyle(dialog, style);
+    const lm::WidgetWatch watch(dialog);
+    waitForDialog(dialog, parentWindow, parentWidget);
+    return watch ? dialog : nullptr;
+}
+
+/// Shows a dialog modally and runs events until it is answered.
+void LmDialogManager::presentAndWait(Wait& wait, LmSimpleWindow* parentWindow, Widget parentWidget)
+{
+    const lm::Watch here(liveness());
+    setStyle(wait.dialog, XmDIALOG_FULL_APPLICATION_MODAL);
+    _waits.push_back(&wait);
+    waitForDialog(wait.dialog, parentWindow, parentWidget);
+    if (here)
+        untilAnswered(wait);
+}
+
 Widget LmDialogManager::post(const char* message, XtCallbackProc okCB, XtCallbackProc cancelCB, XtCallbackProc applyCB,
                              XtPointer clientData, const char* helpString, LmSimpleWindow* parentWindow, Widget parentWidget)
 {
     _parentWidget = parentWidget;
     Widget dialog = prepost(message, okCB, cancelCB, applyCB, clientData, helpString, parentWindow);
-    if (!dialog)
-        return nullptr;
-    setStyle(dialog, XmDIALOG_MODELESS);
-    const lm::WidgetWatch watch(dialog);
-    waitForDialog(dialog, parentWindow, parentWidget);
-    return watch ? dialog : nullptr;
+    return present(dialog, XmDIALOG_MODELESS, parentWindow, parentWidget);
 }
 
 Widget LmDialogManager::postModal(const char* message, XtCallbackProc okCB, XtCallbackProc cancelCB, XtCallbackProc applyCB,
@@ -353,12 +371,7 @@ Widget LmDialogManager::postModal(const char* message, XtCallbackProc okCB, XtCa
 {
     _parentWidget = parentWidget;
     Widget dialog = prepost(message, okCB, cancelCB, applyCB, clientData, helpString, parentWindow);
-    if (!dialog)
-        return nullptr;
-    setStyle(dialog, XmDIALOG_FULL_APPLICATION_MODAL);
-    const lm::WidgetWatch watch(dialog);
-    waitForDialog(dialog, parentWindow, parentWidget);
-    return watch ? dialog : nullptr;
+    return present(dialog, XmDIALOG_FULL_APPLICATION_MODAL, parentWindow, parentWidget);
 }
 
 Widget LmDialogManager::postBlocked(const char* message, XtCallbackProc okCB, XtCallbackProc cancelCB, XtCallbackProc applyCB,
@@ -369,13 +382,8 @@ Widget LmDialogManager::postBlocked(const char* message, XtCallbackProc okCB, Xt
     Widget dialog = prepost(message, okCB, cancelCB, applyCB, clientData, helpString, parentWindow);
     if (!dialog)
         return nullptr;
-    setStyle(dialog, XmDIALOG_FULL_APPLICATION_MODAL);
     Wait wait(dialog);
-    const lm::Watch here(liveness());
-    _waits.push_back(&wait);
-    waitForDialog(dialog, parentWindow, parentWidget);
-    if (here)
-        untilAnswered(wait);
+    presentAndWait(wait, parentWindow, parentWidget);
     return wait.watch ? dialog : nullptr;
 }
 
@@ -386,13 +394,8 @@ LmDialogManager::LmDialogReason LmDialogManager::waitForAnswer(const char* messa
     Widget dialog = prepost(message, helpString, parentWindow);
     if (!dialog)
         return REASON_NONE;
-    setStyle(dialog, XmDIALOG_FULL_APPLICATION_MODAL);
     Wait wait(dialog);
-    const lm::Watch here(liveness());
-    _waits.push_back(&wait);
-    waitForDialog(dialog, parentWindow, parentWidget);
-    if (here)
-        untilAnswered(wait);
+    presentAndWait(wait, parentWindow, parentWidget);
     return wait.answer;
 }
 

@@ -194,6 +194,8 @@ private:
     void fillButtons(Widget dialog, XtCallbackProc okCB, XtCallbackProc cancelCB, XtCallbackProc applyCB, XtPointer clientData,
                      const char* helpString);
     Widget applyButtonOf(Widget dialog, bool wanted);
+    Widget present(Widget dialog, unsigned char style, LmSimpleWindow* parentWindow, Widget parentWidget);
+    void presentAndWait(Wait& wait, LmSimpleWindow* parentWindow, Widget parentWidget);
     void untilAnswered(Wait& wait);
     LmDialogReason waitForAnswer(const char* message, const char* helpString, LmSimpleWindow* parentWindow, Widget parentWidget);
 

@@ -1,7 +1,7 @@
 #include "LmGenericDialog.h"
 
-#include "base/dialog/DialogButtons.h"
 #include "support/resources.h"
+#include "utils/CompoundResource.h"
 
 #include <Xm/MessageB.h>
 

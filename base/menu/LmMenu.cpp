@@ -5,6 +5,7 @@
 #include "LmMenuLabel.h"
 #include "LmMenuToggle.h"
 #include "LmSubMenu.h"
+#include "base/menu/Panes.h"
 #include "base/menu/TableNesting.h"
 
 #include <Xm/RowColumn.h>
@@ -56,6 +57,16 @@ void LmMenu::widgetDestroyed()
 {
     dropItems();
     LmMenuItem::widgetDestroyed();
+}
+
+void LmMenu::endUse()
+{
+    lm::popDown(menuParent());
+    lm::bringBack(menuParent());
+    for (int i = 0; i < _nItems; ++i) {
+        if (_contents[i]->isContainer())
+            static_cast<LmMenu*>(_contents[i])->endUse();
+    }
 }
 
 /// The items' widgets die with their parent; here they are forgotten, whichever dies first.

@@ -128,6 +128,8 @@ protected:
 
 private:
     friend class LmMenuItem;   // leaves the list when it dies
+    /// Before its widgets are destroyed: nothing of the menu may be posted or torn off.
+    void endUse();
     void addEntry(const LmMenuDesc& entry, XtPointer clientData, XtPointer defaultClientData);
 
     int _firstUnbuilt = 0;   // the items before this one are built

@@ -2,10 +2,9 @@
 
 #include "LmComponentList.h"
 #include "LmMenu.h"
-#include "LmResource.h"
 #include "LmSubMenu.h"
-#include "base/menu/Panes.h"
 #include "support/resources.h"
+#include "utils/CompoundResource.h"
 
 #include <Xm/RowColumn.h>
 
@@ -77,9 +76,7 @@ void LmMenuItem::setLabel(const char* text)
         _label.reset(strdup(text));
     if (!_baseWidget)
         return;
-    const lm::XmText label(
-        static_cast<XmString>(LmGetResource(_baseWidget, _label.get(), XmCLabelString, XmRXmString, _label.get())));
-    XtVaSetValues(_baseWidget, XmNlabelString, label.get(), nullptr);
+    XtVaSetValues(_baseWidget, XmNlabelString, lm::labelResource(_baseWidget, _label.get()).get(), nullptr);
 }
 
 // --- building ----------------------------------------------------------------------------------------------------------
@@ -159,7 +156,7 @@ void LmMenuItem::dropWidget()
     if (!_baseWidget)
         return;
     if (isContainer())
-        lm::popDown(static_cast<LmMenu*>(this)->menuParent());
+        static_cast<LmMenu*>(this)->endUse();
     removeDestroyHandler();
     XtDestroyWidget(_baseWidget);
     widgetDestroyed();

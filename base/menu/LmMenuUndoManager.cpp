@@ -1,8 +1,8 @@
 #include "LmMenuUndoManager.h"
 
 #include "LmComponentList.h"
-#include "LmResource.h"
 #include "support/xmtext.h"
+#include "utils/CompoundResource.h"
 
 #include <Xm/Xm.h>
 
@@ -174,7 +174,7 @@ lm::XmText LmMenuUndoManager::labelOf(LmMenuAction* action)
     if (Widget w = widgetOf(action))
         XtVaGetValues(w, XmNlabelString, &label, nullptr);
     if (!label && action->name())
-        label = static_cast<XmString>(LmGetResource(_baseWidget, action->name(), XmCLabelString, XmRXmString, action->name()));
+        return lm::labelResource(_baseWidget, action->name());
     return lm::XmText(label);
 }
 

@@ -1,9 +1,9 @@
 #include "LmOptionMenu.h"
 
-#include "LmResource.h"
 #include "base/menu/Panes.h"
 #include "support/resources.h"
 #include "support/xt.h"
+#include "utils/CompoundResource.h"
 
 #include <Xm/RowColumn.h>
 
@@ -79,9 +79,7 @@ void LmOptionMenu::setLabel(const char* text)
         _label.reset(strdup(text));
     if (!_baseWidget)
         return;
-    const lm::XmText label(
-        static_cast<XmString>(LmGetResource(_baseWidget, _label.get(), XmCLabelString, XmRXmString, _label.get())));
-    XtVaSetValues(XmOptionLabelGadget(_baseWidget), XmNlabelString, label.get(), nullptr);
+    XtVaSetValues(XmOptionLabelGadget(_baseWidget), XmNlabelString, lm::labelResource(_baseWidget, _label.get()).get(), nullptr);
 }
 
 void LmOptionMenu::forceWidth(int width)

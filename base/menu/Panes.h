@@ -9,6 +9,10 @@ namespace lm {
 /// menu's grabs end. Nothing for a menu that is not in use, a torn-off pane, or null.
 void popDown(Widget menu);
 
+/// Returns a torn-off pane to its menu. One that is destroyed while it is torn off, inside the dispatch of an event that it
+/// got, would leave shells pointing at it. Nothing for other panes, or null.
+void bringBack(Widget pane);
+
 /// Takes a pane down and destroys it, also one that is torn off.
 void destroyPane(Widget pane);
 

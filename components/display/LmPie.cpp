@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <array>
 
-static constexpr int lineGap = 5;      // pixels below each line of text
-static constexpr int labelIndent = 10;  // of the labels below a title
-static constexpr int pieGap = 20;      // between the labels and the highest slice
+static constexpr int lineGap = 5;        // pixels below each line of text
+static constexpr int labelIndent = 10;   // of the labels below a title
+static constexpr int pieGap = 20;        // between the labels and the highest slice
 
 LmPie::LmPie(const char* name, Widget parent) : LmMeter(name, parent) { _scaleMax = 360; }
 
@@ -128,8 +128,8 @@ void LmPie::drawPieSlices(int x, int y, int w, int h, LmMeterItem* items, int n)
 {
     std::vector<lm::PiePiece> slices;
     for (int i = 0; i < n; ++i)
-        slices.push_back({.start = items[i].start, .size = items[i].size, .elevation = items[i].bottom, .height = items[i].top,
-                          .slice = i});
+        slices.push_back(
+            {.start = items[i].start, .size = items[i].size, .elevation = items[i].bottom, .height = items[i].top, .slice = i});
     for (const lm::PiePiece& piece : lm::piePaintingOrder(lm::pieQuadrants(slices)))
         drawPieQuadrantSlice(x, y, w, h, items[piece.slice].pixel, piece.start, piece.size, piece.elevation, piece.height,
                              piece.flags);
@@ -163,7 +163,8 @@ void LmPie::drawPieQuadrantSlice(int x, int y, int w, int h, Pixel pixel, int st
     const int bottom = y - elevation, top = bottom - height;
     const auto width = static_cast<unsigned>(w), depth = static_cast<unsigned>(h);
     const XPoint centre = {static_cast<short>(x + w / 2), static_cast<short>(top + h / 2)};
-    const Side startSide(centre, lm::ellipsePoint(x, top, w, h, a), height), endSide(centre, lm::ellipsePoint(x, top, w, h, e), height);
+    const Side startSide(centre, lm::ellipsePoint(x, top, w, h, a), height),
+        endSide(centre, lm::ellipsePoint(x, top, w, h, e), height);
     GC outline = _sharedGC.get();
 
     setForeground(pixel);

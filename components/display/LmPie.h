@@ -46,7 +46,7 @@ private:
     void fillSide(const Side& side);
 
     int _radius = 0;
-    int _labelPercent = 50;   // where the labels start, per cent of the diameter
+    int _labelPercent = 50;                    // where the labels start, per cent of the diameter
     int _labelsWidth = 0, _labelsHeight = 0;   // of title and labels together
     Dimension _neededWidth = 0, _neededHeight = 0;
 };

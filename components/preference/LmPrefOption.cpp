@@ -1,12 +1,12 @@
 #include "LmPrefOption.h"
 
-#include "LmResource.h"
 #include "LmWidgetTools.h"
 #include "base/menu/Panes.h"
 #include "support/calldata.h"
 #include "support/resources.h"
 #include "support/xmtext.h"
 #include "support/xt.h"
+#include "utils/CompoundResource.h"
 
 #include <Xm/PushB.h>
 #include <Xm/RowColumn.h>
@@ -111,8 +111,7 @@ void LmPrefOption::showLabel(int index)
     Widget button = buttonOf(index);
     if (!text || !button)
         return;
-    const lm::XmText label(static_cast<XmString>(LmGetResource(button, text, XmCLabelString, XmRXmString, text)));
-    XtVaSetValues(button, XmNlabelString, label.get(), nullptr);
+    XtVaSetValues(button, XmNlabelString, lm::labelResource(button, text).get(), nullptr);
 }
 
 void LmPrefOption::setLabel(int index, const char* label)

@@ -1,6 +1,7 @@
 #include "GalleryWindow.h"
 
 #include "ChartPage.h"
+#include "ConsolePage.h"
 #include "DialogPage.h"
 #include "MenuPage.h"
 #include "PreferencePage.h"
@@ -78,6 +79,7 @@ void GalleryWindow::addPages()
     _preferencePage = static_cast<PreferencePage*>(_pages.back().get());
     _pages.push_back(std::make_unique<SearchPage>(_deck));
     _pages.push_back(std::make_unique<ChartPage>(_deck));
+    _pages.push_back(std::make_unique<ConsolePage>(_deck));
     _pages.push_back(std::make_unique<TabPage>(_deck));
     for (const auto& page : _pages) {
         const lm::XmText title(XmStringCreateLocalized(lm::xtText(page->title())));

@@ -8,6 +8,7 @@
 #include "LmPromptDialog.h"
 #include "LmQuestionDialog.h"
 #include "LmWarningDialog.h"
+#include "support/resources.h"
 
 #include <Xm/DrawingA.h>
 
@@ -20,34 +21,27 @@ using DialogLongRun = OnScreen;
 namespace {
 
 struct Plain : LmSimpleWindow {
-    explicit Plain(const char* name) : LmSimpleWindow(name) {}
-    Widget setUpInterface(Widget parent) override
-    {
-        return XtVaCreateWidget("view", xmDrawingAreaWidgetClass, parent, XmNwidth, 400, XmNheight, 300, nullptr);
-    }
+    Plain() : LmSimpleWindow("plain") { show(); }
+    Widget setUpInterface(Widget parent) override { return XmCreateDrawingArea(parent, lm::xtText("view"), nullptr, 0); }
 };
-
-long bytesInUse() { return static_cast<long>(mallinfo2().uordblks); }   // 0 under AddressSanitizer, which looks for itself
 
 /// How many bytes more are in use after `times` calls, once the first twenty have filled what is kept.
 long growthOf(int times, const std::function<void(int)>& call)
 {
     for (int i = 0; i < 20; ++i)
         call(i);
-    settle();
-    const long before = bytesInUse();
+    const auto before = mallinfo2().uordblks;   // 0 under AddressSanitizer, which looks for itself
     for (int i = 0; i < times; ++i)
         call(i);
     settle();
-    return bytesInUse() - before;
+    return static_cast<long>(mallinfo2().uordblks - before);
 }
 
 }   // namespace
 
 TEST_F(DialogLongRun, PostingAgainAndAgainTakesNoMemory)
 {
-    auto* window = new Plain("window");
-    window->show();
+    auto* window = new Plain;
     settle();
     const int times = reducedInSanitizer(500);
     for (LmDialogManager* dialog : std::initializer_list<LmDialogManager*>{
@@ -55,7 +49,6 @@ TEST_F(DialogLongRun, PostingAgainAndAgainTakesNoMemory)
              getThePromptDialog(), getTheFileSelectionDialog(), getTheBusyDialog(), getTheInterruptDialog()}) {
         const long growth = growthOf(times, [&](int i) {
             dialog->setTitle(i % 2 ? "One" : "Another");
-            dialog->setButtonLabels("Yes", nullptr, "Perhaps");
             dialog->post(i % 2 ? "first text" : "a second, longer text", nullptr, nullptr, nullptr, nullptr, "help", window);
             dialog->unpost();
         });
@@ -65,12 +58,10 @@ TEST_F(DialogLongRun, PostingAgainAndAgainTakesNoMemory)
 
 TEST_F(DialogLongRun, WindowsThatComeAndGoLeaveNothingInTheCaches)
 {
-    auto* keeper = new Plain("keeper");
-    keeper->show();
+    new Plain;   // keeps the program
     const int times = reducedInSanitizer(200);
-    const long growth = growthOf(times, [&](int) {
-        auto* window = new Plain("window");
-        window->show();
+    const long growth = growthOf(times, [](int) {
+        auto* window = new Plain;
         getTheInfoDialog()->post("just so", nullptr, nullptr, nullptr, nullptr, nullptr, window);
         delete window;
     });

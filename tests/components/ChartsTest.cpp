@@ -8,6 +8,7 @@
 #include <X11/IntrinsicP.h>
 #include <Xm/DrawingA.h>
 
+#include <cstdlib>
 #include <random>
 
 using namespace lmtest;
@@ -20,8 +21,6 @@ struct Counting : LmDoubleBuffer {
     Counting(const char* name, Widget parent) : LmDoubleBuffer(name, parent) {}
     void draw() override { ++drawn; }
     void resize() override { ++resized; }
-    using LmDoubleBuffer::_height;
-    using LmDoubleBuffer::_width;
     int drawn = 0, resized = 0;
 };
 
@@ -30,6 +29,18 @@ Pixel colour(const char* name)
     XColor exact, near;
     XAllocNamedColor(app().display(), DefaultColormap(app().display(), 0), name, &near, &exact);
     return near.pixel;
+}
+
+/// Compares what a widget shows with tests/pictures/<name>.png. LUMORA_UPDATE_PICTURES=1 writes the picture instead.
+void expectPicture(LmComponent& component, const std::string& name)
+{
+    settle();
+    const std::string committed = std::string(LUMORA_SOURCE_DIR "/tests/pictures/") + name + ".png";
+    const std::string window = std::to_string(XtWindow(component.baseWidget()));
+    const std::string command = getenv("LUMORA_UPDATE_PICTURES")
+                                    ? "import -window " + window + " -strip " + committed
+                                    : "import -window " + window + " png:- | compare -metric AE - " + committed + " null: 2>&1";
+    EXPECT_EQ(std::system((command + " >&2").c_str()), 0) << name;
 }
 
 void setSize(Widget w, int width, int height)
@@ -76,12 +87,24 @@ TEST_F(ChartsOnScreen, ADoubleBufferPaintsOnlyWhenAskedAndSurvivesEverySize)
     settle();
     EXPECT_EQ(area.drawn, drawn);   // an expose shows the front again
     std::mt19937 random(20261122);
-    for (const int size : {1, 32767, static_cast<int>(random() % 2000) + 1, static_cast<int>(random() % 2000) + 1}) {
-        XtResizeWidget(area.baseWidget(), static_cast<Dimension>(size), static_cast<Dimension>(size), 0);
-        settle();
-        EXPECT_EQ(area._width, size);
+    LmMeter meter("meter", area.baseWidget());
+    LmPie pie("pie", area.baseWidget());
+    LmTickMarks marks("marks", area.baseWidget(), True, False, True);
+    LmVuMeter level("level", area.baseWidget());
+    for (LmMeter* chart : {&meter, static_cast<LmMeter*>(&pie)}) {
+        chart->reset(100, 7);
+        chart->add(63, 3, "red", "label");
+    }
+    for (LmComponent* chart : std::initializer_list<LmComponent*>{&meter, &pie, &marks, &level})
+        chart->show();
+    for (int i = 0; i < reducedInSanitizer(500); ++i) {
+        const auto size = [&] { return static_cast<Dimension>(i == 0 ? 1 : i == 1 ? 32767 : 1 + random() % 400); };
+        for (LmComponent* chart : std::initializer_list<LmComponent*>{&area, &meter, &pie, &marks, &level})
+            XtResizeWidget(chart->baseWidget(), size(), size(), 0);
+        level.setValue(i % 111, i % 50);
         area.update();
     }
+    settle();
     EXPECT_GE(area.resized, 4);
     destroyShell();
     area.update();
@@ -104,6 +127,7 @@ TEST_F(ChartsOnScreen, AMeterStacksItsItemsFromTheBottom)
     EXPECT_EQ(pixelAt(meter.baseWidget(), 5, 149), colour("green"));
     EXPECT_EQ(pixelAt(meter.baseWidget(), 5, 0), colour("blue"));
     EXPECT_EQ(pixelCount(meter.baseWidget(), colour("red")), 10 * 50);
+    expectPicture(meter, "meter");
     setSize(shell(), 40, 100);
     EXPECT_EQ(pixelCount(meter.baseWidget(), colour("red")), 10 * 25);
 }
@@ -124,6 +148,15 @@ TEST_F(ChartsOnScreen, APieTakesTheSizeItNeedsAndAFullOneIsADisc)
     const int middle = pie.graphHeight() - 25 - 20;   // of the upper face
     EXPECT_EQ(pixelAt(pie.baseWidget(), 50, middle - 10), colour("red"));
     EXPECT_EQ(pixelAt(pie.baseWidget(), 80, middle), colour("red"));   // no radial edge
+
+    pie.reset(100, 10);
+    for (const auto& [size, name] : {std::pair(40, "steelblue"), {33, "orange"}, {12, "forestgreen"}})
+        pie.add(size, size / 10, name, name);
+    pie.update();
+    expectPicture(pie, "pie");
+    pie.update();   // the other buffer
+    XClearArea(app().display(), XtWindow(pie.baseWidget()), 0, 0, 0, 0, True);
+    expectPicture(pie, "pie");
 }
 
 TEST_F(ChartsOnScreen, ALevelIsShownAndTheSameAgainCostsNoRequest)
@@ -134,6 +167,11 @@ TEST_F(ChartsOnScreen, ALevelIsShownAndTheSameAgainCostsNoRequest)
     EXPECT_EQ(pixelAt(meter.baseWidget(), 10, 10), colour("red"));
     EXPECT_EQ(pixelAt(meter.baseWidget(), 10, 50), colour("yellow"));
     EXPECT_EQ(pixelAt(meter.baseWidget(), 10, 210), colour("forestgreen"));
+    for (const int level : {110, 3, 47, 95, 58})   // in several steps
+        meter.setValue(level, level - 25);
+    expectPicture(meter, "level");
+    meter.expose();   // and in one
+    expectPicture(meter, "level");
     meter.setValue(110, 111);
     settle();
     EXPECT_NE(pixelAt(meter.baseWidget(), 10, 210), colour("forestgreen"));
@@ -158,7 +196,7 @@ TEST_F(ChartsOnScreen, AScaleMakesRoomForItsNumbers)
     show(marks, 120, 200);
     marks.addLabel(0);
     marks.draw();
-    EXPECT_GT(colourCount(marks.baseWidget()), 1);
+    expectPicture(marks, "marks");
     marks.setScale(3, 3, 0, -1);   // an empty range
     destroyShell();
     marks.draw();

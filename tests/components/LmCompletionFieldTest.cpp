@@ -16,17 +16,6 @@ extern "C" LM_API const char* __asan_default_options() { return "fast_unwind_on_
 
 namespace {
 
-/// Names that destroy a widget when they are asked.
-struct Destroying : LmNameList {
-    explicit Destroying(Widget w) : LmNameList("delta"), widget(w) {}
-    LmNameList* completeName(char* text, char*& completed, int& numMatches) const override
-    {
-        XtDestroyWidget(widget);
-        return LmNameList::completeName(text, completed, numMatches);
-    }
-    Widget widget;
-};
-
 struct CompletionFieldOnScreen : OnScreen {
     /// A field of these names that is ready to be typed into.
     std::unique_ptr<LmCompletionField> fieldOf(std::initializer_list<const char*> names)
@@ -56,11 +45,9 @@ struct CompletionFieldOnScreen : OnScreen {
 TEST_F(CompletionFieldOnScreen, ATypedSpaceCompletesTheText)
 {
     EXPECT_EQ(typed("b "), "beta|");
-    EXPECT_EQ(field->matches(), nullptr);
     EXPECT_EQ(typed("al "), "alpha|*");
     EXPECT_EQ(field->matches()->size(), 2);
     EXPECT_EQ(typed("x "), "x|");
-    EXPECT_EQ(field->matches(), nullptr);
     EXPECT_EQ(typed("k "), "k|*") << "no half character";
 
     typed("b");
@@ -71,8 +58,6 @@ TEST_F(CompletionFieldOnScreen, ATypedSpaceCompletesTheText)
 
     field->clear(nullptr);
     EXPECT_EQ(typed("b "), "b|");
-    field->clear(new LmNameList("only one"));
-    EXPECT_EQ(typed(" "), "only one|");
     field->clear(new LmNameList(" "));
     EXPECT_EQ(typed(" "), " |") << "setting it is no completion again";
 }
@@ -80,10 +65,8 @@ TEST_F(CompletionFieldOnScreen, ATypedSpaceCompletesTheText)
 TEST_F(CompletionFieldOnScreen, CallbacksMayDestroyIt)
 {
     const auto destroy = [](LmCallbackObject*, void* owner, void*) { static_cast<decltype(field)*>(owner)->reset(); };
-    const Heard entered(*field, LmCompletionField::enterCallback);
     field->addCallback(LmCompletionField::enterCallback, destroy, &field);
     type("\n");
-    EXPECT_EQ(entered.values, std::vector{0});
     EXPECT_EQ(field, nullptr);
 
     field = fieldOf({"beta"});
@@ -92,12 +75,6 @@ TEST_F(CompletionFieldOnScreen, CallbacksMayDestroyIt)
     XtAddCallback(field->baseWidget(), XmNvalueChangedCallback, destroyAtChange, &field);
     type(" ");
     EXPECT_EQ(field, nullptr);
-
-    field = fieldOf({});
-    field->clear(new Destroying(field->baseWidget()));
-    type("d ");
-    EXPECT_EQ(field->baseWidget(), nullptr);
-    EXPECT_STREQ(lm::XtString(field->getText()).get(), "");
 
     field = fieldOf({"delta"});
     EXPECT_EQ(typed("d "), "delta|") << "no completion seems to be in progress";

@@ -1,6 +1,5 @@
 #include "tests/support/OnScreen.h"   // first: gtest must come before X.h defines None
 
-#include "LmPrefCustom.h"
 #include "LmPrefDialog.h"
 #include "LmPrefEmpty.h"
 #include "LmPrefGroup.h"
@@ -25,7 +24,7 @@ using namespace lmtest;
 namespace {
 
 struct Window1 : LmSimpleWindow {
-    Window1() : LmSimpleWindow("window") {}
+    Window1() : LmSimpleWindow("window") { show(); }
     Widget setUpInterface(Widget parent) override
     {
         return XtVaCreateWidget("view", xmDrawingAreaWidgetClass, parent, XmNwidth, 400, XmNheight, 300, nullptr);
@@ -44,43 +43,19 @@ struct PrefOnScreen : OnScreen {
 
 std::string valueOf(LmPrefText& text) { return lm::CString(text.getValue()).get(); }
 
+void write(LmPrefText& text, const char* value) { XmTextFieldSetString(text.baseWidget(), const_cast<char*>(value)); }
+
 /// Where a gadget or widget is in its shell.
 struct Box {
-    int left, top, right, bottom;
-};
-Box boxOf(Widget w)
-{
-    Dimension width = 0, height = 0;
-    XtVaGetValues(w, XmNwidth, &width, XmNheight, &height, nullptr);
-    Box box = {0, 0, width, height};
-    for (; w && !XtIsShell(w); w = XtParent(w)) {
-        Position x = 0, y = 0;
-        XtVaGetValues(w, XmNx, &x, XmNy, &y, nullptr);
-        box = {box.left + x, box.top + y, box.right + x, box.bottom + y};
+    explicit Box(Widget w)
+    {
+        XtVaGetValues(w, XmNwidth, &width, XmNheight, &height, nullptr);
+        for (Position x = 0, y = 0; w && !XtIsShell(w); w = XtParent(w), left += x, top += y)
+            XtVaGetValues(w, XmNx, &x, XmNy, &y, nullptr);
     }
-    return box;
-}
-
-int middleOf(Widget w) { return (boxOf(w).top + boxOf(w).bottom) / 2; }
-
-/// The lowest row and the rightmost column of the widget's ink, in its shell: where its text stands.
-struct Ink {
-    int right = -1, base = -1;
+    Dimension width = 0, height = 0;
+    int left = 0, top = 0;
 };
-Ink inkOf(Widget w)
-{
-    const Box box = boxOf(w);
-    Widget shell = w;
-    while (!XtIsShell(shell))
-        shell = XtParent(shell);
-    const unsigned long ground = pixelAt(shell, box.left + 1, box.top + 1);
-    Ink ink;
-    for (int y = box.top + 1; y < box.bottom - 1; ++y)
-        for (int x = box.left + 1; x < box.right - 1; ++x)
-            if (pixelAt(shell, x, y) != ground)
-                ink = {std::max(ink.right, x), y};
-    return ink;
-}
 
 }   // namespace
 
@@ -88,22 +63,14 @@ TEST_F(PrefOnScreen, ATextIsCommittedAndRevertedExactly)
 {
     LmPrefText text("font", 20);
     text.setValue("before");
-    EXPECT_FALSE(text.changed());
     build(text);
-    EXPECT_STREQ(XtName(text.labelWidget()), "fontLabel");
     click(text.baseWidget());
     type(" typed");
     EXPECT_TRUE(text.changed());
     text.revertValue();
-    EXPECT_FALSE(text.changed());
-    XmTextFieldSetString(text.baseWidget(), const_cast<char*>("after"));
-    EXPECT_EQ(valueOf(text), "after");
-    EXPECT_FALSE(text.changed());
+    EXPECT_EQ(valueOf(text), "before");
     destroyShell();
     EXPECT_EQ(text.labelWidget(), nullptr);
-    text.setValue("without a widget");
-    EXPECT_EQ(valueOf(text), "without a widget");
-    EXPECT_FALSE(text.changed());
 }
 
 TEST_F(PrefOnScreen, AnOptionFollowsItsEntries)
@@ -115,16 +82,10 @@ TEST_F(PrefOnScreen, AnOptionFollowsItsEntries)
     build(option);
     const auto shown = [&] { return textOf(XmOptionButtonGadget(option.baseWidget())); };
     EXPECT_EQ(shown(), "fontBaseButton1");
-    option.setLabel(1, "Middle");
-    EXPECT_EQ(shown(), "Middle");
-    EXPECT_STREQ(option.getLabel(2), "fontBaseButton2");
-    EXPECT_EQ(option.getLabel(3), nullptr);
-
     click(option.baseWidget());   // posts the pane; the keyboard chooses the entry above
     key(XK_Up);
     key(XK_Return);
     EXPECT_TRUE(option.changed());
-    EXPECT_EQ(option.getValue(), 0);
     EXPECT_EQ(shown(), "Tiny");
 
     option.setSize(5);
@@ -132,138 +93,86 @@ TEST_F(PrefOnScreen, AnOptionFollowsItsEntries)
     EXPECT_EQ(shown(), "fontBaseButton4");
     option.setSize(2);
     EXPECT_EQ(option.getValue(), 0);   // the chosen one is gone: the first is shown
-    option.setSize(3);
-    option.setValue(2);
-    EXPECT_EQ(shown(), "fontBaseButton2");
 }
 
 TEST_F(PrefOnScreen, TogglesStandInTheLabelColumnAmongOthers)
 {
-    LmPrefToggle alone("alone", false), same("same", false), mixed("mixed", false), forced("forced", true);
+    LmPrefToggle alone("alone", false), mixed("mixed", false), forced("forced", true);
     LmPrefText text("text", 5);
     LmPrefGroup toggles("toggles", true, true), others("others", false, true), sheet("sheet", false, true);
     toggles.addItem(&alone);
-    toggles.addItem(&same);
     others.addItem(&mixed);
     others.addItem(&text);
-    sheet.addItem(&toggles);
-    sheet.addItem(&others);
-    sheet.addItem(&forced);
+    for (LmPrefItem* item : std::initializer_list<LmPrefItem*>{&toggles, &others, &forced})
+        sheet.addItem(item);
     build(sheet);
-    EXPECT_EQ(alone.labelWidget(), nullptr);
-    EXPECT_EQ(textOf(alone.baseWidget()), "aloneBase");
-    EXPECT_STREQ(XtName(XtParent(alone.baseWidget())), "container");
-    ASSERT_NE(mixed.labelWidget(), nullptr);
-    EXPECT_EQ(textOf(mixed.baseWidget()), "");
-    EXPECT_NE(forced.labelWidget(), nullptr);
+    EXPECT_EQ(textOf(alone.baseWidget()) + textOf(mixed.baseWidget()), "aloneBase");
+    EXPECT_TRUE(!alone.labelWidget() && mixed.labelWidget() && forced.labelWidget());
 
-    EXPECT_FALSE(sheet.changed());
-    XmToggleButtonGadgetSetState(same.baseWidget(), True, False);
+    XmToggleButtonGadgetSetState(alone.baseWidget(), True, False);
     EXPECT_TRUE(sheet.changed());
     sheet.updateValue();
-    EXPECT_TRUE(same.getValue());
-    EXPECT_FALSE(sheet.changed());
-
+    EXPECT_TRUE(alone.getValue() && !sheet.changed());
     sheet.setActivated(false);
-    EXPECT_FALSE(XtIsSensitive(same.baseWidget()));
-    LmPrefText late("late", 5);
-    others.addItem(&late);
-    LmPrefGroup empty("empty", false, false);
-    EXPECT_FALSE(empty.changed());
-    EXPECT_EQ(empty.baseHeight(), 0);
+    EXPECT_FALSE(XtIsSensitive(alone.baseWidget()));
 }
 
-TEST_F(PrefOnScreen, LabelsStandLevelWithTheirWidgetsAndRightAligned)
+TEST_F(PrefOnScreen, LabelsStandLevelWithTheirWidgetsAndEndAtOneColumn)
 {
     for (const char* font : {"fixed", "10x20"}) {
         setResource(std::string("*sheet*fontList: ") + font);
-        LmPrefText shortOne("a", 10), longOne("aMuchLongerName", 10), third("third", 10);
+        LmPrefText shortOne("a", 10), longOne("aMuchLongerName", 10);
         LmPrefOption tall("tall", 2);
         LmPrefGroup sheet("sheet", false, false);
-        for (LmPrefItem* item : std::initializer_list<LmPrefItem*>{&shortOne, &longOne, &third, &tall})
+        for (LmPrefItem* item : std::initializer_list<LmPrefItem*>{&shortOne, &longOne, &tall})
             sheet.addItem(item);
         build(sheet);
-        settle();
-        std::vector<int> rights;
-        for (LmPrefItem* item : std::initializer_list<LmPrefItem*>{&shortOne, &longOne, &third, &tall}) {
-            EXPECT_NEAR(middleOf(item->labelWidget()), middleOf(item->baseWidget()), 2) << font << " " << item->name();
-            rights.push_back(inkOf(item->labelWidget()).right);
+        for (int i = 0; i < sheet.size(); ++i) {
+            const Box label(sheet.item(i)->labelWidget()), base(sheet.item(i)->baseWidget()), first(shortOne.labelWidget());
+            EXPECT_NEAR(label.top + label.height / 2, base.top + base.height / 2, 2) << font << " " << i;
+            EXPECT_NEAR(label.left + label.width, first.left + first.width, 1) << font << " " << i;
         }
-        for (const int right : rights)
-            EXPECT_NEAR(right, rights.front(), 1) << font;
         destroyShell();
     }
 }
 
-TEST_F(PrefOnScreen, OkAppliesAndAnnouncesTwiceAndCancelDiscards)
+TEST_F(PrefOnScreen, OkAppliesAndAnnouncesTwiceCancelDiscardsAndFieldsWiden)
 {
-    auto* window = new Window1;
-    auto* other = new Window1;
-    window->show();
-    other->show();
-    settle();
-    LmPrefText text("text", 10);
-    LmPrefDialog dialog("prefs", &text);
-    Heard heard(dialog, LmPrefDialog::prefCallback);
-    Widget first = dialog.post(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, window);
-    XmTextFieldSetString(text.baseWidget(), const_cast<char*>("new"));
-    XtCallCallbacks(first, XmNokCallback, nullptr);
-    EXPECT_EQ(heard.values, (std::vector{2, 1}));
-    EXPECT_FALSE(XtIsManaged(first));
-    EXPECT_EQ(dialog.action(), LmDialogManager::REASON_OK);
-
-    EXPECT_EQ(dialog.post(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, other), first);
-    XmTextFieldSetString(text.baseWidget(), const_cast<char*>("discarded"));
-    XtCallCallbacks(first, XmNcancelCallback, nullptr);
-    EXPECT_EQ(heard.values, (std::vector{2, 1, 0}));
-    EXPECT_EQ(valueOf(text), "new");
-
-    dialog.post(nullptr);
-    click(childNamed(first, "Apply"));
-    EXPECT_EQ(heard.values, (std::vector{2, 1, 0, 2}));
-    EXPECT_TRUE(XtIsManaged(first));
-    dialog.unpost();
-}
-
-TEST_F(PrefOnScreen, AnApplyCallbackMayDeleteTheDialog)
-{
-    (new Window1)->show();
-    LmPrefText text("text", 10);
-    auto dialog = std::make_unique<LmPrefDialog>("prefs", &text);
-    struct Killer : LmCallbackObject {
-        std::unique_ptr<LmPrefDialog>* victim = nullptr;
-        void applied(LmCallbackObject*, void*, void*) { victim->reset(); }
-    } killer;
-    killer.victim = &dialog;
-    dialog->addCallback(LmPrefDialog::prefCallback, &killer, &Killer::applied, nullptr);
-    Widget widget = dialog->post(nullptr);
-    click(childNamed(widget, "Apply"));
-    EXPECT_EQ(dialog, nullptr);
-    EXPECT_EQ(text.baseWidget(), nullptr);
-
-    LmPrefDialog empty("empty", nullptr);
-    widget = empty.post(nullptr);
-    XtCallCallbacks(widget, XmNokCallback, nullptr);
-    EXPECT_FALSE(XtIsManaged(widget));
-}
-
-TEST_F(PrefOnScreen, AWiderDialogWidensTheFieldsAndNotTheLabels)
-{
-    (new Window1)->show();
     LmPrefText text("text", 10), second("second", 10);
     LmPrefGroup sheet("sheet", false, false);
     sheet.addItem(&text);
     sheet.addItem(&second);
     LmPrefDialog dialog("prefs", &sheet);
-    Widget widget = dialog.post(nullptr);
+    Heard heard(dialog, LmPrefDialog::prefCallback);
+    Widget first = dialog.post(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, new Window1);
+    write(text, "new");
+    XtCallCallbacks(first, XmNokCallback, nullptr);
+    EXPECT_FALSE(XtIsManaged(first));
+
+    EXPECT_EQ(dialog.post(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, new Window1), first);
+    write(text, "discarded");
+    XtCallCallbacks(first, XmNcancelCallback, nullptr);
+    EXPECT_EQ(valueOf(text), "new");
+    dialog.post(nullptr);
+    click(childNamed(first, "Apply"));
+    EXPECT_EQ(heard.values, (std::vector{2, 1, 0, 2}));
+    const int field = Box(text.baseWidget()).width, label = Box(text.labelWidget()).width;
+    XtVaSetValues(XtParent(first), XmNwidth, Box(first).width + 200, nullptr);
     settle();
-    const auto widthOf = [](Widget w) { return boxOf(w).right - boxOf(w).left; };
-    const int field = widthOf(text.baseWidget()), label = widthOf(text.labelWidget());
-    XtVaSetValues(XtParent(widget), XmNwidth, widthOf(widget) + 200, nullptr);
-    settle();
-    EXPECT_EQ(widthOf(text.baseWidget()), field + 200);
-    EXPECT_EQ(widthOf(text.labelWidget()), label);
-    dialog.unpost();
+    EXPECT_EQ(Box(text.baseWidget()).width, field + 200) << "the field takes what the dialog gains";
+    EXPECT_EQ(Box(text.labelWidget()).width, label);
+}
+
+TEST_F(PrefOnScreen, AnApplyCallbackMayDeleteTheDialog)
+{
+    new Window1;
+    LmPrefText text("text", 10);
+    auto dialog = std::make_unique<LmPrefDialog>("prefs", &text);
+    const auto deleteIt = [](LmCallbackObject*, void* owner, void*) { static_cast<decltype(dialog)*>(owner)->reset(); };
+    dialog->addCallback(LmPrefDialog::prefCallback, deleteIt, &dialog);
+    click(childNamed(dialog->post(nullptr), "Apply"));
+    EXPECT_EQ(dialog, nullptr);
+    EXPECT_EQ(text.baseWidget(), nullptr);
 }
 
 TEST_F(PrefOnScreen, GroupsNestFiftyDeepAndLoseDeletedItems)
@@ -276,26 +185,22 @@ TEST_F(PrefOnScreen, GroupsNestFiftyDeepAndLoseDeletedItems)
         group->addItem(new LmPrefSeparator("line"));
         item = group;
     }
-    auto* sheet = static_cast<LmPrefGroup*>(item);
+    const std::unique_ptr<LmPrefGroup> sheet(static_cast<LmPrefGroup*>(item));
     sheet->addItem(new LmPrefEmpty);
     sheet->addItem(new LmPrefLabel("text"));
     delete sheet->item(2);
     EXPECT_EQ(sheet->size(), 3);
     build(*sheet);
-    XmTextFieldSetString(innermost->baseWidget(), const_cast<char*>("deep"));
-    EXPECT_TRUE(sheet->changed());
+    write(*innermost, "deep");
     sheet->updateValue();
     EXPECT_EQ(valueOf(*innermost), "deep");
     sheet->deleteChildren();
-    EXPECT_EQ(sheet->size(), 0);
-    delete sheet;
 }
 
 TEST_F(PrefOnScreen, ARadioBoxHoldsOneToggle)
 {
     LmPrefToggle left("left", false), right("right", false);
     LmPrefRadio radio("side", true, false);
-    LmPrefCustom custom("custom");
     radio.addItem(&left);
     radio.addItem(&right);
     left.setValue(true);
@@ -303,7 +208,22 @@ TEST_F(PrefOnScreen, ARadioBoxHoldsOneToggle)
     click(right.baseWidget());
     EXPECT_TRUE(radio.changed());
     radio.updateValue();
-    EXPECT_FALSE(left.getValue());
-    EXPECT_TRUE(right.getValue());
-    EXPECT_TRUE(custom.changed());
+    EXPECT_TRUE(right.getValue() && !left.getValue());
+}
+
+TEST(PrefInUtf8, TextsComeBackWhole)
+{
+    EXPECT_EQ(exitStatusOf([] {
+                  setenv("LC_ALL", "C.UTF-8", 1);
+                  LmApp application("Prog", nullptr, nullptr, nullptr, 0);
+                  auto* window = new Window1;
+                  window->show();
+                  LmPrefText text("text", 10);
+                  text.build(window->mainWindowWidget());
+                  text.setValue("Grüße, Привет");
+                  EXPECT_FALSE(text.changed());
+                  XmTextFieldInsert(text.baseWidget(), 5, const_cast<char*>(" 你"));
+                  EXPECT_EQ(valueOf(text), "Grüße 你, Привет");
+              }),
+              0);
 }

@@ -11,7 +11,8 @@
 
 static std::string asText(const std::optional<lm::Rect>& r)
 {
-    return r ? std::to_string(r->x) + "," + std::to_string(r->y) + " " + std::to_string(r->width) + "x" + std::to_string(r->height)
+    return r ? std::to_string(r->x) + "," + std::to_string(r->y) + " " + std::to_string(r->width) + "x" +
+                   std::to_string(r->height)
              : "none";
 }
 
@@ -71,7 +72,7 @@ TEST(VuBlocksGeometry, BlocksAreLitFromTheLevelDownAndAtThePeak)
     EXPECT_EQ(blocks.levelRun(0, 0), (lm::Run{0, 18}));
     EXPECT_EQ(blocks.levelRun(3, 35), (lm::Run{8, 18}));   // 5 of 9 units: 10 pixels
     EXPECT_EQ(blocks.levelRun(3, 40), lm::Run{});
-    EXPECT_EQ(blocks.peakRun(3, 35), (lm::Run{8, 10}));    // one unit, 2 pixels, down to the level
+    EXPECT_EQ(blocks.peakRun(3, 35), (lm::Run{8, 10}));   // one unit, 2 pixels, down to the level
     EXPECT_EQ(blocks.peakRun(3, 41), lm::Run{});
     EXPECT_EQ(blocks.peakRun(10, 111), lm::Run{});
 
@@ -93,8 +94,8 @@ TEST(PieSlicesGeometry, SlicesAreCutAtQuadrantsAndPaintedFromBackToFrontInLayers
     EXPECT_EQ(asText(lm::pieQuadrants({{.start = 10, .size = 0}})), "");
 
     // The lower layer of both first, then the rest of the taller one; the back before the front.
-    const auto order = lm::piePaintingOrder({{.start = 270, .size = 60, .height = 30, .slice = 0},
-                                             {.start = 60, .size = 60, .height = 10, .slice = 1}});
+    const auto order = lm::piePaintingOrder(
+        {{.start = 270, .size = 60, .height = 30, .slice = 0}, {.start = 60, .size = 60, .height = 10, .slice = 1}});
     EXPECT_EQ(asText(order), "1:60+60@0-10f0 0:270+60@0-10f4 0:270+60@10-30f8");
     const std::map<int, std::string> points = {{0, "100,25"}, {90, "50,0"}, {180, "0,25"}, {270, "50,50"}};
     for (const auto& [degrees, expected] : points) {

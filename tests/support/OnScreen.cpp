@@ -18,7 +18,7 @@
 #include <set>
 #include <utility>
 
-#include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -59,10 +59,8 @@ LmApp& app()
 static void dispatchOne()
 {
     XtAppContext context = app().appContext();
-    if (const XtInputMask other = XtAppPending(context) & (XtIMTimer | XtIMAlternateInput | XtIMSignal)) {
-        XtAppProcessEvent(context, other);
-        return;
-    }
+    if (const XtInputMask other = XtAppPending(context) & (XtIMTimer | XtIMAlternateInput | XtIMSignal))
+        return XtAppProcessEvent(context, other);
     XEvent event;
     XtAppNextEvent(context, &event);
     if (!XtDispatchEvent(&event))
@@ -82,10 +80,7 @@ void settleUntil(const std::function<bool()>& condition, int milliseconds)
 {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
     while (!condition()) {
-        if (std::chrono::steady_clock::now() > end) {
-            ADD_FAILURE() << "waited " << milliseconds << " ms in vain";
-            return;
-        }
+        ASSERT_LT(std::chrono::steady_clock::now(), end) << "waited " << milliseconds << " ms in vain";
         bool woken = false;   // blocks until something comes, so that work procedures run, but at most 20 ms
         const XtIntervalId timer = XtAppAddTimeOut(
             app().appContext(), 20, [](XtPointer flag, XtIntervalId*) { *static_cast<bool*>(flag) = true; }, &woken);
@@ -96,6 +91,13 @@ void settleUntil(const std::function<bool()>& condition, int milliseconds)
 }
 
 // --- input -------------------------------------------------------------------------------------------------------------
+
+static std::pair<Dimension, Dimension> sizeOf(Widget w)
+{
+    std::pair<Dimension, Dimension> size;
+    XtVaGetValues(w, XtNwidth, &size.first, XtNheight, &size.second, nullptr);
+    return size;
+}
 
 /// The nearest ancestor-or-self that has a window, and where the place is in it.
 static Widget windowed(Widget w, int& x, int& y)
@@ -140,8 +142,7 @@ void click(Widget w, int x, int y, unsigned button)
 
 void click(Widget w)
 {
-    Dimension width = 0, height = 0;
-    XtVaGetValues(w, XtNwidth, &width, XtNheight, &height, nullptr);
+    const auto [width, height] = sizeOf(w);
     click(w, width / 2, height / 2);
 }
 
@@ -171,55 +172,45 @@ void type(const std::string& text)
 {
     for (const char c : text) {
         const KeySym keysym = c == '\n' ? XK_Return : static_cast<unsigned char>(c);
-        const KeyCode code = XKeysymToKeycode(display(), keysym);
-        const bool shifted = XkbKeycodeToKeysym(display(), code, 0, 0) != keysym;
-        key(keysym, shifted ? std::vector<KeySym>{XK_Shift_L} : std::vector<KeySym>{});
+        const bool shifted = XkbKeycodeToKeysym(display(), XKeysymToKeycode(display(), keysym), 0, 0) != keysym;
+        key(keysym, std::vector<KeySym>(shifted ? 1 : 0, XK_Shift_L));
     }
 }
 
 // --- the screen --------------------------------------------------------------------------------------------------------
 
-static std::vector<unsigned long> pixelsOf(Widget w, int x, int y, unsigned width, unsigned height)
+/// All pixels of the widget's window, row by row.
+static std::vector<unsigned long> pixelsOf(Widget w)
 {
+    const auto [width, height] = sizeOf(w);
     std::vector<unsigned long> pixels;
-    XImage* image = XGetImage(display(), XtWindow(w), x, y, width, height, AllPlanes, ZPixmap);
-    if (!image)
-        return pixels;
-    for (int row = 0; row < image->height; ++row)
-        for (int column = 0; column < image->width; ++column)
-            pixels.push_back(XGetPixel(image, column, row));
-    XDestroyImage(image);
+    XImage* image = XGetImage(display(), XtWindow(w), 0, 0, width, height, AllPlanes, ZPixmap);
+    for (int i = 0; image && i < width * height; ++i)
+        pixels.push_back(XGetPixel(image, i % width, i / width));
+    if (image)
+        XDestroyImage(image);
     return pixels;
-}
-
-static std::vector<unsigned long> allPixelsOf(Widget w)
-{
-    Dimension width = 0, height = 0;
-    XtVaGetValues(w, XtNwidth, &width, XtNheight, &height, nullptr);
-    return pixelsOf(w, 0, 0, width, height);
 }
 
 unsigned long pixelAt(Widget w, int x, int y)
 {
-    const auto pixels = pixelsOf(w, x, y, 1, 1);
-    return pixels.empty() ? 0 : pixels.front();
+    const auto pixels = pixelsOf(w);
+    const auto at = static_cast<std::size_t>(y * sizeOf(w).first + x);
+    return at < pixels.size() ? pixels[at] : 0;
 }
 
 int colourCount(Widget w)
 {
-    const auto pixels = allPixelsOf(w);
+    const auto pixels = pixelsOf(w);
     return static_cast<int>(std::set(pixels.begin(), pixels.end()).size());
 }
 
-int pixelCount(Widget w, unsigned long pixel) { return static_cast<int>(std::ranges::count(allPixelsOf(w), pixel)); }
+int pixelCount(Widget w, unsigned long pixel) { return static_cast<int>(std::ranges::count(pixelsOf(w), pixel)); }
 
 bool isViewable(Widget w)
 {
-    if (!w || !(XtIsManaged(w) || XtIsShell(w)))
-        return false;
     int x = 0, y = 0;
-    w = windowed(w, x, y);
-    if (!XtIsRealized(w))
+    if (!w || !(XtIsManaged(w) || XtIsShell(w)) || !XtIsRealized(w = windowed(w, x, y)))
         return false;
     XWindowAttributes attributes;
     return XGetWindowAttributes(display(), XtWindow(w), &attributes) && attributes.map_state == IsViewable;
@@ -231,8 +222,7 @@ void screenshot(const std::string& name)
     std::filesystem::create_directories(folder);
     settle();
     const std::string command = "import -window root '" + (folder / (name + ".png")).string() + "'";
-    if (std::system(command.c_str()) != 0)
-        ADD_FAILURE() << "no screenshot: is imagemagick installed?";
+    EXPECT_EQ(std::system(command.c_str()), 0) << "no screenshot: is imagemagick installed?";
 }
 
 // --- widgets -----------------------------------------------------------------------------------------------------------
@@ -268,37 +258,30 @@ std::string propertyOf(Widget w, const char* property)
 void sendProtocol(Widget shell, const char* protocol)
 {
     XEvent event = {};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = XtWindow(shell);
-    event.xclient.message_type = XInternAtom(display(), "WM_PROTOCOLS", False);
-    event.xclient.format = 32;
-    event.xclient.data.l[0] = static_cast<long>(XInternAtom(display(), protocol, False));
-    event.xclient.data.l[1] = CurrentTime;
+    event.xclient = {ClientMessage, 0, False, display(), XtWindow(shell), XInternAtom(display(), "WM_PROTOCOLS", False), 32, {}};
+    event.xclient.data.l[0] = static_cast<long>(XInternAtom(display(), protocol, False));   // and [1] CurrentTime, 0
     XSendEvent(display(), XtWindow(shell), False, NoEventMask, &event);
     settle();
 }
 
 // --- output and exits --------------------------------------------------------------------------------------------------
 
-static std::string outputOf(FILE* stream, int descriptor, const std::function<void()>& action)
+static std::string outputOf(FILE* stream, const std::function<void()>& action)
 {
-    char name[] = "/tmp/lmtest-output-XXXXXX";
-    const lm::FileDescriptor file(mkstemp(name));
+    const lm::FileDescriptor file(memfd_create("output", MFD_CLOEXEC));
     std::fflush(stream);
-    const lm::FileDescriptor saved(dup(descriptor));
-    dup2(file.get(), descriptor);
+    const lm::FileDescriptor saved(dup(fileno(stream)));
+    dup2(file.get(), fileno(stream));
     action();
     std::fflush(stream);
-    dup2(saved.get(), descriptor);
-    std::ifstream input(name);
-    std::string text(std::istreambuf_iterator<char>(input), {});
-    unlink(name);
-    return text;
+    dup2(saved.get(), fileno(stream));
+    std::ifstream input("/proc/self/fd/" + std::to_string(file.get()));
+    return {std::istreambuf_iterator<char>(input), {}};
 }
 
-std::string stdoutOf(const std::function<void()>& action) { return outputOf(stdout, STDOUT_FILENO, action); }
+std::string stdoutOf(const std::function<void()>& action) { return outputOf(stdout, action); }
 
-std::string stderrOf(const std::function<void()>& action) { return outputOf(stderr, STDERR_FILENO, action); }
+std::string stderrOf(const std::function<void()>& action) { return outputOf(stderr, action); }
 
 int exitStatusOf(const std::function<void()>& action)
 {

@@ -3,12 +3,12 @@
 
 #include <X11/Xlib.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
+#include <memory>
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -16,8 +16,7 @@
 
 namespace lmtest {
 
-using Clock = std::chrono::steady_clock;
-constexpr std::chrono::seconds patience{30};   // a machine under load may need that; an idle one needs 0.1 s
+constexpr int patience = 30000;   // ms; a machine under load may need that; an idle one needs 0.1 s
 
 [[noreturn]] static void giveUp(const char* why)
 {
@@ -25,20 +24,13 @@ constexpr std::chrono::seconds patience{30};   // a machine under load may need 
     _exit(99);
 }
 
-/// False when nothing came to read before the deadline.
-static bool readable(int fd, Clock::time_point deadline)
+/// False when nothing came to read for so long.
+static bool readable(int fd)
 {
-    for (;;) {
-        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count();
-        if (left <= 0)
-            return false;
-        pollfd entry{fd, POLLIN, 0};
-        const int ready = poll(&entry, 1, static_cast<int>(left));
-        if (ready > 0)
-            return true;
-        if (ready < 0 && errno != EINTR)
-            return false;
-    }
+    pollfd entry{fd, POLLIN, 0};
+    int ready = 0;
+    while ((ready = poll(&entry, 1, patience)) < 0 && errno == EINTR) {}
+    return ready > 0;
 }
 
 /// Runs a program that gets `deathSignal` when this process ends, however it ends. `kept` stays open in it, -1 for none.
@@ -70,14 +62,13 @@ Server::Server(const std::string& screen, const std::vector<std::string>& argume
     if (pipe2(ready, O_CLOEXEC) != 0)
         giveUp("no pipe for the X server");
     // The server picks a free number itself and reports it when it accepts clients.
-    std::vector<std::string> command{"Xvfb",      "-displayfd", std::to_string(ready[1]), "-screen", "0", screen, "-noreset",
-                                     "-nolisten", "tcp"};
+    std::vector<std::string> command{"Xvfb", "-displayfd", std::to_string(ready[1]), "-screen", "0", screen};
+    command.insert(command.end(), {"-noreset", "-nolisten", "tcp"});
     command.insert(command.end(), arguments.begin(), arguments.end());
     _process = startChild(command, SIGTERM, ready[1]);
     close(ready[1]);
-    const auto deadline = Clock::now() + patience;
     char byte;
-    while (readable(ready[0], deadline) && read(ready[0], &byte, 1) == 1 && byte != '\n')
+    while (readable(ready[0]) && read(ready[0], &byte, 1) == 1 && byte != '\n')
         _displayName += byte;
     close(ready[0]);
     if (_process < 0 || _displayName == ":")
@@ -116,14 +107,9 @@ Server& server()
 
 static bool rootHas(Display* display, Atom property)
 {
-    Atom type = None;
-    int format;
-    unsigned long count, rest;
-    unsigned char* data = nullptr;
-    XGetWindowProperty(display, DefaultRootWindow(display), property, 0, 0, False, AnyPropertyType, &type, &format, &count, &rest,
-                       &data);
-    XFree(data);
-    return type != None;
+    int count = 0;
+    const std::unique_ptr<Atom[], int (*)(void*)> all(XListProperties(display, DefaultRootWindow(display), &count), XFree);
+    return std::count(all.get(), all.get() + count, property) > 0;
 }
 
 /// Waits, on a connection of its own, until the root window carries the property by which Motif knows its window manager.
@@ -134,14 +120,9 @@ static bool windowManagerAppears()
         return false;
     const Atom property = XInternAtom(display, "_MOTIF_WM_INFO", False);
     XSelectInput(display, DefaultRootWindow(display), PropertyChangeMask);
-    const auto deadline = Clock::now() + patience;
-    bool appeared = rootHas(display, property);
-    while (!appeared && (XPending(display) > 0 || readable(ConnectionNumber(display), deadline))) {
-        XEvent event;
-        while (XPending(display) > 0)
-            XNextEvent(display, &event);
-        appeared = rootHas(display, property);
-    }
+    bool appeared = false;
+    while (!(appeared = rootHas(display, property)) && (XPending(display) > 0 || readable(ConnectionNumber(display))))
+        XSync(display, True);
     XCloseDisplay(display);
     return appeared;
 }
