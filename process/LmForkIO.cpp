@@ -327,12 +327,14 @@ void LmForkIO::insertSlices()
 {
     const lm::Watch here(liveness());
     const Unseen unseen(*this);
-    if (std::exchange(_leftOut, false))
+    const bool dropped = std::exchange(_leftOut, false);
+    if (dropped)
         dropHistory();
     else if (cutLongHistory())
         return;
+    const size_t most = dropped ? mostShown / 8 : mostShown;   // dropping has taken its time, too
     const auto end = Clock::now() + showTime;
-    for (size_t shown = 0; here && !_queue->empty() && shown < mostShown;) {
+    for (size_t shown = 0; here && !_queue->empty() && shown < most;) {
         std::string text(_queue->slice(sliceSize));
         _queue->pop(text.size());
         shown += text.size();
