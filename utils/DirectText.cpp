@@ -31,9 +31,9 @@ public:
     }
     void insert(XmTextPosition at, std::string_view ascii)
     {
-        moveGap(at);
         if (gap() <= static_cast<long>(ascii.size() + 1) * unit)
             grow(static_cast<long>(ascii.size()));
+        moveGap(at);
         auto* to = reinterpret_cast<wchar_t*>(_data->gap_start);
         std::copy(ascii.begin(), ascii.end(), to);
         _data->gap_start += static_cast<long>(ascii.size()) * unit;
@@ -54,21 +54,18 @@ private:
         _data->gap_start += distance;
         _data->gap_end += distance;
     }
-    /// Makes room for that many characters more, and half as many again as there are.
+    /// Makes room for that many characters more, and half as many again as there are. With the gap at the end, so that a
+    /// long text is not copied, but its pages are mapped elsewhere.
     void grow(long more)
     {
-        const long spareBytes = spare() * unit, front = before(), back = behind();
+        moveGap(_data->length);
+        const long spareBytes = spare() * unit, front = before();
         const long length = _data->length + more;
         const long capacity = length + length / 2 + 1024;
-        char* wider = XtMalloc(static_cast<Cardinal>((capacity + 1) * unit));
-        std::memcpy(wider, _data->ptr, static_cast<size_t>(front));
-        char* end = wider + capacity * unit - spareBytes;
-        std::memcpy(end - back, _data->gap_end, static_cast<size_t>(back));
-        std::memset(end, 0, static_cast<size_t>(unit + spareBytes));
-        XtFree(_data->ptr);
-        _data->ptr = wider;
-        _data->gap_start = wider + front;
-        _data->gap_end = end - back;
+        _data->ptr = XtRealloc(_data->ptr, static_cast<Cardinal>((capacity + 1) * unit));
+        _data->gap_start = _data->ptr + front;
+        _data->gap_end = _data->ptr + capacity * unit - spareBytes;
+        std::memset(_data->gap_end, 0, static_cast<size_t>(unit + spareBytes));
         _data->maxlength = static_cast<int>(capacity);
     }
 
