@@ -40,6 +40,16 @@ public:
         _data->length += static_cast<int>(ascii.size());
     }
 
+    void cutFront(XmTextPosition end)
+    {
+        const long bytes = end * unit;
+        if (before() < bytes)
+            moveGap(end);
+        std::memmove(_data->ptr, _data->ptr + bytes, static_cast<size_t>(before() - bytes));
+        _data->gap_start -= bytes;
+        _data->length -= static_cast<int>(end);
+    }
+
 private:
     static constexpr long unit = sizeof(wchar_t);
 
@@ -124,6 +134,17 @@ void addLines(XmTextPart& text, int at, std::string_view lines)
     }
 }
 
+/// Takes the entries in front of one, whose line starts at `end`, out of the table.
+void cutLines(XmTextPart& text, int at, XmTextPosition end)
+{
+    XmTextLineTable table = text.line_table;
+    text.total_lines -= at;
+    std::copy(table + at, table + at + text.total_lines, table);
+    for (int i = 0; i < text.total_lines; ++i)
+        table[i].start_pos = (table[i].start_pos - static_cast<unsigned int>(end)) & 0x7FFFFFFF;
+    text.table_index = 0;
+}
+
 /// A width in pixels that no printable ASCII character exceeds; 0: not known.
 int widestCharacter(OutputData output)
 {
@@ -182,6 +203,31 @@ bool lm::DirectText::insert(XmTextPosition at, std::string_view lines)
     _XmTextInvalidate(widget, at, at, count);
     addLines(text, line, lines);
     text.cursor_position += count;
+    text.last_position = text.source->data->length;
+    XmTextEnableRedisplay(_text);
+    text.output->DrawInsertionPoint(widget, text.cursor_position, on);
+    return true;
+}
+
+bool lm::DirectText::cutFront(XmTextPosition end)
+{
+    if (end <= 0 || !isPlain(_text))
+        return false;
+    auto* widget = reinterpret_cast<XmTextWidget>(_text);
+    XmTextPart& text = widget->text;
+    const int line = lineAt(text, end);
+    if (line < 0 || text.cursor_position < end || text.top_character < end || text.new_top != text.top_character)
+        return false;
+    const XmTextPosition top = text.top_character - end;
+    const int topLine = text.top_line - line;
+    text.output->DrawInsertionPoint(widget, text.cursor_position, off);
+    XmTextDisableRedisplay(_text);
+    Buffer(text.source->data).cutFront(end);
+    _XmTextInvalidate(widget, 0, end, -end);
+    cutLines(text, line, end);
+    text.cursor_position -= end;
+    text.top_character = text.new_top = top;
+    text.top_line = topLine;
     text.last_position = text.source->data->length;
     XmTextEnableRedisplay(_text);
     text.output->DrawInsertionPoint(widget, text.cursor_position, on);

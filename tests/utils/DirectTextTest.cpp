@@ -125,8 +125,11 @@ void DirectTextComparison::compareThroughChanges()
         case 1:
             both([](Widget w) { XmTextSetInsertionPosition(w, XmTextGetLastPosition(w)); });
             break;
-        case 2:
-            both([](Widget w) { XmTextReplace(w, 0, XmTextGetLastPosition(w) / 3, lm::xtText("")); });
+        case 2: {
+            const XmTextPosition before = XmTextGetLastPosition(direct);
+            console.cutFront(console.bytes() / 3, before - 18);
+            XmTextReplace(plain, 0, before - XmTextGetLastPosition(direct), lm::xtText(""));
+        }
             break;
         case 3:
             both([](Widget w) {
