@@ -26,6 +26,7 @@ const char* const LmForkIO::exitCallback = "exitCallback";
 
 // A turn of the event loop reads for `readTime` and shows for `showTime`, the latter once in a `frameTime`.
 static constexpr auto readTime = 3ms, showTime = 6ms, frameTime = 20ms;
+static constexpr size_t mostShown = 512 * 1024;   // in one turn
 static constexpr size_t readSize = 64 * 1024, sliceSize = 4 * 1024;
 static constexpr size_t pipeSize = 256 * 1024;
 
@@ -326,12 +327,17 @@ void LmForkIO::insertSlices()
 {
     const lm::Watch here(liveness());
     const Unseen unseen(*this);
-    if (std::exchange(_leftOut, false))
+    const bool dropped = std::exchange(_leftOut, false);
+    if (dropped)
         dropHistory();
+    else if (cutLongHistory())
+        return;
+    const size_t most = dropped ? mostShown / 8 : mostShown;   // dropping has taken its time, too
     const auto end = Clock::now() + showTime;
-    while (here && !_queue->empty()) {
+    for (size_t shown = 0; here && !_queue->empty() && shown < most;) {
         std::string text(_queue->slice(sliceSize));
         _queue->pop(text.size());
+        shown += text.size();
         outputString(text.data(), True);
         if (Clock::now() >= end)
             break;

@@ -115,7 +115,11 @@ void lm::ConsoleText::cutFront(size_t excess, XmTextPosition end)
         const size_t cut = frontCut(front, std::min(excess, front.size()));
         if (to < end && (cut == 0 || front[cut - 1] != '\n'))
             continue;
-        erase(0, static_cast<XmTextPosition>(characterCount(std::string_view(front).substr(0, cut), _units)), cut);
+        const auto position = static_cast<XmTextPosition>(characterCount(std::string_view(front).substr(0, cut), _units));
+        if (_direct.cutFront(position))
+            _bytes -= cut;
+        else
+            erase(0, position, cut);
         return;
     }
 }

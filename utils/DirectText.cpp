@@ -31,13 +31,23 @@ public:
     }
     void insert(XmTextPosition at, std::string_view ascii)
     {
-        moveGap(at);
         if (gap() <= static_cast<long>(ascii.size() + 1) * unit)
             grow(static_cast<long>(ascii.size()));
+        moveGap(at);
         auto* to = reinterpret_cast<wchar_t*>(_data->gap_start);
         std::copy(ascii.begin(), ascii.end(), to);
         _data->gap_start += static_cast<long>(ascii.size()) * unit;
         _data->length += static_cast<int>(ascii.size());
+    }
+
+    void cutFront(XmTextPosition end)
+    {
+        const long bytes = end * unit;
+        if (before() < bytes)
+            moveGap(end);
+        std::memmove(_data->ptr, _data->ptr + bytes, static_cast<size_t>(before() - bytes));
+        _data->gap_start -= bytes;
+        _data->length -= static_cast<int>(end);
     }
 
 private:
@@ -54,21 +64,18 @@ private:
         _data->gap_start += distance;
         _data->gap_end += distance;
     }
-    /// Makes room for that many characters more, and half as many again as there are.
+    /// Makes room for that many characters more, and half as many again as there are. With the gap at the end, so that a
+    /// long text is not copied, but its pages are mapped elsewhere.
     void grow(long more)
     {
-        const long spareBytes = spare() * unit, front = before(), back = behind();
+        moveGap(_data->length);
+        const long spareBytes = spare() * unit, front = before();
         const long length = _data->length + more;
         const long capacity = length + length / 2 + 1024;
-        char* wider = XtMalloc(static_cast<Cardinal>((capacity + 1) * unit));
-        std::memcpy(wider, _data->ptr, static_cast<size_t>(front));
-        char* end = wider + capacity * unit - spareBytes;
-        std::memcpy(end - back, _data->gap_end, static_cast<size_t>(back));
-        std::memset(end, 0, static_cast<size_t>(unit + spareBytes));
-        XtFree(_data->ptr);
-        _data->ptr = wider;
-        _data->gap_start = wider + front;
-        _data->gap_end = end - back;
+        _data->ptr = XtRealloc(_data->ptr, static_cast<Cardinal>((capacity + 1) * unit));
+        _data->gap_start = _data->ptr + front;
+        _data->gap_end = _data->ptr + capacity * unit - spareBytes;
+        std::memset(_data->gap_end, 0, static_cast<size_t>(unit + spareBytes));
         _data->maxlength = static_cast<int>(capacity);
     }
 
@@ -125,6 +132,17 @@ void addLines(XmTextPart& text, int at, std::string_view lines)
         table[at].start_pos = (start + static_cast<unsigned int>(offset)) & 0x7FFFFFFF;
         table[at].virt_line = 0;
     }
+}
+
+/// Takes the entries in front of one, whose line starts at `end`, out of the table.
+void cutLines(XmTextPart& text, int at, XmTextPosition end)
+{
+    XmTextLineTable table = text.line_table;
+    text.total_lines -= at;
+    std::copy(table + at, table + at + text.total_lines, table);
+    for (int i = 0; i < text.total_lines; ++i)
+        table[i].start_pos = (table[i].start_pos - static_cast<unsigned int>(end)) & 0x7FFFFFFF;
+    text.table_index = 0;
 }
 
 /// A width in pixels that no printable ASCII character exceeds; 0: not known.
@@ -185,6 +203,31 @@ bool lm::DirectText::insert(XmTextPosition at, std::string_view lines)
     _XmTextInvalidate(widget, at, at, count);
     addLines(text, line, lines);
     text.cursor_position += count;
+    text.last_position = text.source->data->length;
+    XmTextEnableRedisplay(_text);
+    text.output->DrawInsertionPoint(widget, text.cursor_position, on);
+    return true;
+}
+
+bool lm::DirectText::cutFront(XmTextPosition end)
+{
+    if (end <= 0 || !isPlain(_text))
+        return false;
+    auto* widget = reinterpret_cast<XmTextWidget>(_text);
+    XmTextPart& text = widget->text;
+    const int line = lineAt(text, end);
+    if (line < 0 || text.cursor_position < end || text.top_character < end || text.new_top != text.top_character)
+        return false;
+    const XmTextPosition top = text.top_character - end;
+    const int topLine = text.top_line - line;
+    text.output->DrawInsertionPoint(widget, text.cursor_position, off);
+    XmTextDisableRedisplay(_text);
+    Buffer(text.source->data).cutFront(end);
+    _XmTextInvalidate(widget, 0, end, -end);
+    cutLines(text, line, end);
+    text.cursor_position -= end;
+    text.top_character = text.new_top = top;
+    text.top_line = topLine;
     text.last_position = text.source->data->length;
     XmTextEnableRedisplay(_text);
     text.output->DrawInsertionPoint(widget, text.cursor_position, on);

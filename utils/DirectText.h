@@ -21,6 +21,8 @@ public:
     size_t plainLines(std::string_view text);
     /// Inserts such lines, in front of a line that starts at `at`. False: nothing was done.
     bool insert(XmTextPosition at, std::string_view lines);
+    /// Removes everything in front of the line that starts at `end`. False: nothing was done.
+    bool cutFront(XmTextPosition end);
 
 private:
     Widget _text;

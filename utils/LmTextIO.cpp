@@ -75,7 +75,7 @@ void LmTextIO::widgetDestroyed()
 {
     _text = nullptr;
     _promptWorkProc = {};
-    _cutWorkProc = {};
+    _cutTimer = {};
     LmComponent::widgetDestroyed();
 }
 
@@ -181,33 +181,44 @@ void LmTextIO::setCursorVisible(Boolean visible)
 
 // --- history -----------------------------------------------------------------------------------------------------------
 
-/// Cutting a long history often would cost more than all output: it may grow by an eighth meanwhile.
+/// How many bytes there are above the limit.
+size_t LmTextIO::historyExcess() const
+{
+    const auto limit = static_cast<size_t>(std::max(_historyLimit, 0));
+    const size_t bytes = _console->bytes() - shownBytes();
+    return limit == 0 || bytes <= limit ? 0 : bytes - limit;
+}
+
+/// Cutting a long history for every line would cost more than all output: it may grow for a while.
 void LmTextIO::limitHistory()
 {
     constexpr size_t shortHistory = 64 * 1024;
     const auto limit = static_cast<size_t>(std::max(_historyLimit, 0));
-    const size_t bytes = _console->bytes() - shownBytes();
-    if (limit == 0 || bytes <= limit)
-        return;
-    if (limit <= shortHistory || bytes > limit + limit / 8)
+    const size_t excess = historyExcess();
+    if (excess > (limit > shortHistory ? limit / 4 : 0))
         cutHistory();
-    else if (!_cutWorkProc)
-        _cutWorkProc = lm::WorkProcHandle(lm::whenIdle<&LmTextIO::cutHistoryWhenIdle>(XtWidgetToApplicationContext(_text), this));
+    else if (excess > 0 && !_cutTimer)
+        _cutTimer = lm::TimerHandle(lm::after<&LmTextIO::cutHistorySoon>(XtWidgetToApplicationContext(_text), 200, this));
+}
+
+bool LmTextIO::cutLongHistory()
+{
+    if (!_text || historyExcess() <= static_cast<size_t>(std::max(_historyLimit, 0)) / 8)
+        return false;
+    cutHistory();
+    return true;
 }
 
 void LmTextIO::cutHistory()
 {
-    const auto limit = static_cast<size_t>(_historyLimit);
-    const size_t bytes = _console->bytes() - shownBytes();
-    if (bytes > limit)
-        _console->cutFront(bytes - limit, _console->last() - static_cast<XmTextPosition>(shownLength()));
+    if (const size_t excess = historyExcess())
+        _console->cutFront(excess, _console->last() - static_cast<XmTextPosition>(shownLength()));
 }
 
-Boolean LmTextIO::cutHistoryWhenIdle()
+void LmTextIO::cutHistorySoon()
 {
-    _cutWorkProc.fired();
+    _cutTimer.fired();
     cutHistory();
-    return True;
 }
 
 void LmTextIO::dropHistory()

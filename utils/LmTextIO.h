@@ -44,7 +44,7 @@ struct LmTextIOCallbackStruct {
 ///   Widgets    a scrolled text with the component's name; base widget: its scrolled window
 ///   Resources  of the text: "readOnlyBackground" "ReadOnlyBackground" Pixel yellow, the background while it is inactive
 ///              "historyLimit" "HistoryLimit" int 4000000, in bytes: the oldest lines above the input line are dropped
-///              when there is more; 0: never. Up to an eighth more is kept until the program is idle.
+///              when there is more; 0: never. Up to a quarter more is kept for a fifth of a second.
 ///   Callbacks  textCallback, for each line and each Ctrl-C; call data: LmTextIOCallbackStruct*
 ///   Errors     an edit that begins above the input line is refused with the bell. Without its widgets the component
 ///              does nothing
@@ -129,6 +129,8 @@ protected:
     void abandonInput(const char* mark);
     /// Drops all history above the input line.
     void dropHistory();
+    /// Cuts the history if it is well above its limit. A long history takes a while: not the moment for anything else.
+    bool cutLongHistory();
     /// The resource.
     int historyLimit() const { return _historyLimit; }
 
@@ -161,7 +163,8 @@ private:
     void moveTo(XmTextPosition position);
     void limitHistory();
     void cutHistory();
-    Boolean cutHistoryWhenIdle();
+    void cutHistorySoon();
+    size_t historyExcess() const;
     void setEditable(bool editable, Pixel background);
 
     Widget _text = nullptr;   // null once destroyed
@@ -179,7 +182,7 @@ private:
     Time _eventTime = 0;
     Boolean _cursorShown = True;
     lm::WorkProcHandle _promptWorkProc;
-    lm::WorkProcHandle _cutWorkProc;
+    lm::TimerHandle _cutTimer;
     Boolean _promptHidden = False;
     bool _lineStarted = false;   // by newInput()
 };

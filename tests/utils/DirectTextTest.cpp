@@ -59,9 +59,9 @@ Widget makeText(Widget parent)
 }
 
 /// A shell of one text on the screen.
-Widget shownText(const char* name, int x)
+Widget shownText(const char* name, int y)
 {
-    Widget shell = XtVaAppCreateShell(name, "Compared", topLevelShellWidgetClass, app().display(), XmNx, x, nullptr);
+    Widget shell = XtVaAppCreateShell(name, "Compared", topLevelShellWidgetClass, app().display(), XmNy, y, nullptr);
     Widget text = makeText(shell);
     XtRealizeWidget(shell);
     settleUntil([&] { return isViewable(text); });
@@ -85,12 +85,15 @@ struct DirectTextComparison : Utf8Locale, OnScreen {
         what(direct);
         what(plain);
     }
-    Widget direct = shownText("direct", 0);
-    Widget plain = shownText("plain", 500);
+    void compareThroughChanges();
+    Widget direct = nullptr, plain = nullptr;
 };
 
-TEST_F(DirectTextComparison, LeavesEverythingAsMotifWould)
+/// Appends above a half-typed line, and what users do, to a text of ours and to one of Motif's.
+void DirectTextComparison::compareThroughChanges()
 {
+    direct = shownText("direct", 0);
+    plain = shownText("plain", 350);
     lm::ConsoleText console(direct);
     lm::DirectText probe(direct);
     EXPECT_EQ(probe.plainLines("ab\ncd\nef"), 6U);
@@ -122,8 +125,11 @@ TEST_F(DirectTextComparison, LeavesEverythingAsMotifWould)
         case 1:
             both([](Widget w) { XmTextSetInsertionPosition(w, XmTextGetLastPosition(w)); });
             break;
-        case 2:
-            both([](Widget w) { XmTextReplace(w, 0, XmTextGetLastPosition(w) / 3, lm::xtText("")); });
+        case 2: {
+            const XmTextPosition before = XmTextGetLastPosition(direct);
+            console.cutFront(console.bytes() / 3, before - 18);
+            XmTextReplace(plain, 0, before - XmTextGetLastPosition(direct), lm::xtText(""));
+        }
             break;
         case 3:
             both([](Widget w) {
@@ -140,4 +146,26 @@ TEST_F(DirectTextComparison, LeavesEverythingAsMotifWould)
     }
     both([](Widget w) { XtVaSetValues(w, XmNcolumns, 30, nullptr); });
     compare("narrower");
+}
+
+TEST_F(DirectTextComparison, LeavesEverythingAsMotifWould) { compareThroughChanges(); }
+
+TEST_F(DirectTextComparison, DoesSoWithAScalableFont)
+{
+    for (const char* line : {"*text.renderTable: mono", "*mono.fontType: FONT_IS_XFT",
+                             "*mono.fontName: DejaVu Sans Mono", "*mono.fontSize: 9"})
+        setResource(line);
+    compareThroughChanges();
+    OutputData output = reinterpret_cast<XmTextWidget>(direct)->text.output->data;
+    EXPECT_TRUE(output->use_xft);
+}
+
+TEST_F(DirectTextComparison, DoesSoWithAFontSet)
+{
+    for (const char* line : {"*text.renderTable: set", "*set.fontType: FONT_IS_FONTSET", "*set.fontName: fixed"})
+        setResource(line);
+    compareThroughChanges();
+    OutputData output = reinterpret_cast<XmTextWidget>(direct)->text.output->data;
+    EXPECT_TRUE(output->use_fontset);
+    takeErrors();   // the few fonts of the server lack some of the set
 }
