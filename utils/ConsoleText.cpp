@@ -85,18 +85,19 @@ static void append(wchar_t character, std::string& text)
     pushRest(0);
 }
 
-/// In UTF-8 locales by way of wide characters, which is what the widget keeps: its own conversion takes 30 times as long.
-std::string lm::ConsoleText::substring(XmTextPosition from, XmTextPosition to) const
+/// In UTF-8 locales by way of wide characters, which is what the widget keeps: its own conversions take many times as long.
+std::string lm::ConsoleText::front(XmTextPosition end) const
 {
-    const auto count = static_cast<int>(to - from);
+    const auto count = static_cast<int>(end);
     if (_units == Units::Bytes) {
         std::string bytes(static_cast<size_t>(count) + 1, '\0');
-        XmTextGetSubstring(_text, from, count, count + 1, bytes.data());
+        XmTextGetSubstring(_text, 0, count, count + 1, bytes.data());
         bytes.pop_back();
         return bytes;
     }
     std::wstring characters(static_cast<size_t>(count) + 1, L'\0');
-    XmTextGetSubstringWcs(_text, from, count, count + 1, characters.data());
+    if (!_direct.copyFront(end, characters.data()))
+        XmTextGetSubstringWcs(_text, 0, count, count + 1, characters.data());
     characters.pop_back();
     std::string text;
     text.reserve(characters.size());
@@ -111,11 +112,11 @@ void lm::ConsoleText::cutFront(size_t excess, XmTextPosition end)
     constexpr size_t moreThanALine = 4096;
     for (size_t reach = excess + moreThanALine;; reach *= 2) {
         const XmTextPosition to = std::min(end, static_cast<XmTextPosition>(reach));
-        const std::string front = substring(0, to);
-        const size_t cut = frontCut(front, std::min(excess, front.size()));
-        if (to < end && (cut == 0 || front[cut - 1] != '\n'))
+        const std::string text = front(to);
+        const size_t cut = frontCut(text, std::min(excess, text.size()));
+        if (to < end && (cut == 0 || text[cut - 1] != '\n'))
             continue;
-        const auto position = static_cast<XmTextPosition>(characterCount(std::string_view(front).substr(0, cut), _units));
+        const auto position = static_cast<XmTextPosition>(characterCount(std::string_view(text).substr(0, cut), _units));
         if (_direct.cutFront(position))
             _bytes -= cut;
         else

@@ -35,7 +35,7 @@ private:
     size_t slowLength(std::string_view text);
     void insertSlowly(XmTextPosition& at, std::string_view text);
     void replace(XmTextPosition from, XmTextPosition to, const char* text);
-    std::string substring(XmTextPosition from, XmTextPosition to) const;
+    std::string front(XmTextPosition end) const;
 
     Widget _text;
     DirectText _direct;

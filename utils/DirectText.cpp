@@ -40,6 +40,12 @@ public:
         _data->length += static_cast<int>(ascii.size());
     }
 
+    void copyFront(XmTextPosition count, wchar_t* to) const
+    {
+        const long bytes = count * unit, first = std::min(bytes, before());
+        std::memcpy(to, _data->ptr, static_cast<size_t>(first));
+        std::memcpy(to + first / unit, _data->gap_end, static_cast<size_t>(bytes - first));
+    }
     void cutFront(XmTextPosition end)
     {
         const long bytes = end * unit;
@@ -231,5 +237,13 @@ bool lm::DirectText::cutFront(XmTextPosition end)
     text.last_position = text.source->data->length;
     XmTextEnableRedisplay(_text);
     text.output->DrawInsertionPoint(widget, text.cursor_position, on);
+    return true;
+}
+
+bool lm::DirectText::copyFront(XmTextPosition count, wchar_t* to) const
+{
+    if (!isPlain(_text) || count > partOf(_text).source->data->length)
+        return false;
+    Buffer(partOf(_text).source->data).copyFront(count, to);
     return true;
 }

@@ -21,6 +21,8 @@ public:
     size_t plainLines(std::string_view text);
     /// Inserts such lines, in front of a line that starts at `at`. False: nothing was done.
     bool insert(XmTextPosition at, std::string_view lines);
+    /// Copies that many of the first characters. False: nothing was done.
+    bool copyFront(XmTextPosition count, wchar_t* to) const;
     /// Removes everything in front of the line that starts at `end`. False: nothing was done.
     bool cutFront(XmTextPosition end);
 

@@ -237,18 +237,19 @@ TEST_F(ForkIOLongRun, AFloodLeavesTheWindowResponsive)
     std::printf("%ld MB in %ld ms, longest lag %ld ms, %ld MB more memory\n", lines / 500'000, millisecondsSince(start),
                 ticks.longestLag, residentMegabytes() - before);
     settleUntil([&] { return XmTextGetLastPosition(pane.textWidget()) <= 4'000'000; });
-    const std::string text = textIn(pane);
+    EXPECT_LE(ticks.longestLag, 200);
+    const std::string text = textIn(pane);   // which takes its time
     EXPECT_EQ(text.substr(text.size() - 9), "y\ny\nlast\n");
     EXPECT_EQ(text.front(), 'y');
     EXPECT_GT(text.size(), 3'900'000U);
-    EXPECT_LE(ticks.longestLag, 200);
 #ifndef __SANITIZE_ADDRESS__
     EXPECT_LE(residentMegabytes() - before, 100);
 #endif
 
-    pane.execCommand("yes");   // stops at once, and nothing more comes
-    settleUntil([&] { return millisecondsSince(start) > 0 && ticks.count > 10; });
+    const Ticks again;
+    pane.execCommand("yes");   // goes on until it is stopped
+    settleUntil([&] { return again.count > 10; });
     pane.doCtrlC();
     settleUntil([&] { return exits.values.size() == 2; });
-    EXPECT_LE(ticks.longestLag, 200);
+    EXPECT_LE(again.longestLag, 200);
 }

@@ -129,8 +129,7 @@ void DirectTextComparison::compareThroughChanges()
             const XmTextPosition before = XmTextGetLastPosition(direct);
             console.cutFront(console.bytes() / 3, before - 18);
             XmTextReplace(plain, 0, before - XmTextGetLastPosition(direct), lm::xtText(""));
-        }
-            break;
+        } break;
         case 3:
             both([](Widget w) {
                 XmTextSetHighlight(w, XmTextGetLastPosition(w) - 10, XmTextGetLastPosition(w) - 5, XmHIGHLIGHT_SELECTED);
@@ -152,8 +151,8 @@ TEST_F(DirectTextComparison, LeavesEverythingAsMotifWould) { compareThroughChang
 
 TEST_F(DirectTextComparison, DoesSoWithAScalableFont)
 {
-    for (const char* line : {"*text.renderTable: mono", "*mono.fontType: FONT_IS_XFT",
-                             "*mono.fontName: DejaVu Sans Mono", "*mono.fontSize: 9"})
+    for (const char* line :
+         {"*text.renderTable: mono", "*mono.fontType: FONT_IS_XFT", "*mono.fontName: DejaVu Sans Mono", "*mono.fontSize: 9"})
         setResource(line);
     compareThroughChanges();
     OutputData output = reinterpret_cast<XmTextWidget>(direct)->text.output->data;
