@@ -71,8 +71,9 @@ std::vector<lm::PiePiece> lm::piePaintingOrder(const std::vector<PiePiece>& quad
 XPoint lm::ellipsePoint(int x, int y, int width, int height, int degrees)
 {
     const double angle = degrees * 3.1415926 / 180;
-    const double px = x + std::cos(angle) * width / 2.0 + width / 2 + 0.5;   // half the width, cut
-    const double py = width == 0 ? y : -std::sin(angle) * (width / 2.0) * height / width + y + height / 2 + 0.5;
+    const int centreX = x + width / 2, centreY = y + height / 2;
+    const double px = std::cos(angle) * width / 2.0 + centreX + 0.5;
+    const double py = width == 0 ? centreY : -std::sin(angle) * (width / 2.0) * height / width + centreY + 0.5;
     return {static_cast<short>(px), static_cast<short>(py)};
 }
 

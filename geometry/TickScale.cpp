@@ -10,10 +10,11 @@ std::vector<int> lm::TickScale::marks(int interval) const
         return {};
     const long long n = (range - 1 + interval) / interval;
     const long long step = std::max<long long>(1, n / (4LL * span()));   // marks denser than pixels are the same picture
+    const int halfThickness = lineThickness / 2;
     const double pixels = static_cast<double>(span()) * interval / static_cast<double>(range);
     std::vector<int> ys;
     for (long long i = 0; i <= n; i += step) {
-        const double up = static_cast<double>(i) * pixels - lineThickness / 2 + 0.5;   // half the thickness, cut
+        const double up = static_cast<double>(i) * pixels - halfThickness + 0.5;
         ys.push_back(height - marginBottom - static_cast<int>(std::trunc(up)));
     }
     return ys;

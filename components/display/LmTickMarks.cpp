@@ -178,6 +178,7 @@ void LmTickMarks::drawLabel(int value, int y)
                        XmStringHeight(_fontList, text.get())};
     XmStringDraw(XtDisplay(_baseWidget), XtWindow(_baseWidget), _fontList, text.get(), _gc.get(), clip.x, clip.y, clip.width,
                  alignment, XmSTRING_DIRECTION_L_TO_R, &clip);
+    XSetClipMask(XtDisplay(_baseWidget), _gc.get(), None);   // with Xft fonts Motif leaves its clip behind
 }
 
 LmTickMarks* LmCreateTickMarks(const char* name, Widget parent)

@@ -155,7 +155,8 @@ TEST_F(ForkIOOnScreen, TypedLinesReachTheCommandAndKeysEndIt)
 TEST_F(ForkIOOnScreen, ASecondCommandKeepsThePaneWhenTheFirstEnds)
 {
     open();
-    pane.execCommand("sh -c 'exec 2>/dev/null; trap \"sleep 0.2; echo bye; exit 5\" TERM; echo up; while :; do sleep 0.05; done'");
+    pane.execCommand(
+        "sh -c 'exec 2>/dev/null; trap \"sleep 0.2; echo bye; exit 5\" TERM; echo up; while :; do sleep 0.05; done'");
     untilText("up\n> ");
     pane.execCommand("cat");
     settleUntil([&] { return !exits.values.empty(); });
