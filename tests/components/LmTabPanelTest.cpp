@@ -240,3 +240,20 @@ TEST_F(TabsOnScreen, AStripSurvivesEverySizeAndItsOwnEnd)
     EXPECT_TRUE(panel->setTabPixmap(0, 1));
     settle();
 }
+
+TEST_F(TabsOnScreen, BothOrientationsLookAsTheyShouldAtEverySize)
+{
+    for (const bool horizontal : {true, false}) {
+        setResource(horizontal ? "*tabArea.tabHeight: 13" : "*tabArea.tabHeight: 30");   // room for the labels
+        const auto panel = tenTabs(shell(), horizontal);
+        show(*panel, horizontal ? 260 : 60, horizontal ? 40 : 200);
+        panel->selectTab(4, nullptr);
+        expectPicture(panel->baseWidget(), horizontal ? "tabsAcross" : "tabsDown");
+        const auto size = [](int i) { return static_cast<Dimension>(i == 0 ? 1 : i == 1 ? 32767 : 1 + i * 7919 % 1500); };
+        for (int i = 0; i < reducedInSanitizer(500); ++i) {
+            XtResizeWidget(panel->baseWidget(), size(i), size(i + 1), 0);
+            panel->selectTab(i % 10, nullptr);
+        }
+        destroyShell();
+    }
+}

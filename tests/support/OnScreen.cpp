@@ -225,6 +225,17 @@ void screenshot(const std::string& name)
     EXPECT_EQ(std::system(command.c_str()), 0) << "no screenshot: is imagemagick installed?";
 }
 
+void expectPicture(Widget w, const std::string& name)
+{
+    settle();
+    const std::string committed = std::string(LUMORA_SOURCE_DIR "/tests/pictures/") + name + ".png";
+    const std::string window = std::to_string(XtWindow(w));
+    const std::string command = getenv("LUMORA_UPDATE_PICTURES")
+                                    ? "import -window " + window + " -strip " + committed
+                                    : "import -window " + window + " png:- | compare -metric AE - " + committed + " null: 2>&1";
+    EXPECT_EQ(std::system((command + " >&2").c_str()), 0) << name;
+}
+
 // --- widgets -----------------------------------------------------------------------------------------------------------
 
 Widget childNamed(Widget w, const std::string& path) { return XtNameToWidget(w, path.c_str()); }

@@ -55,6 +55,9 @@ bool isViewable(Widget w);
 /// Writes the whole screen to build/screenshots/<name>.png, for people to look at.
 void screenshot(const std::string& name);
 
+/// Compares what a widget shows with tests/pictures/<name>.png. LUMORA_UPDATE_PICTURES=1 writes the picture instead.
+void expectPicture(Widget w, const std::string& name);
+
 // --- widgets -----------------------------------------------------------------------------------------------------------
 
 /// The widget that a resource path such as "*menuBar" names, from `w` down; null when there is none.
