@@ -68,15 +68,16 @@ void LmMenuItem::applySensitivity()
         XtSetSensitive(_baseWidget, _sensitive != 0);
 }
 
-void LmMenuItem::setLabel(const char* text)
+void LmMenuItem::setLabel(const char* text) { setLabelOf(_baseWidget, text); }
+
+void LmMenuItem::setLabelOf(Widget labelled, const char* text)
 {
     if (!text)
         return;
     if (text != _label.get())
         _label.reset(strdup(text));
-    if (!_baseWidget)
-        return;
-    XtVaSetValues(_baseWidget, XmNlabelString, lm::labelResource(_baseWidget, _label.get()).get(), nullptr);
+    if (labelled)
+        XtVaSetValues(labelled, XmNlabelString, lm::labelResource(_baseWidget, _label.get()).get(), nullptr);
 }
 
 // --- building ----------------------------------------------------------------------------------------------------------

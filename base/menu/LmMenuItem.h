@@ -89,6 +89,8 @@ protected:
     bool makeWidget(WidgetClass kind, Widget parent, Takes takes = Takes::Everything);
     /// Sets the sensitivity that was chosen before the widget existed.
     void applySensitivity();
+    /// Keeps `text` as the label and shows it in `labelled`, null when there is no widget yet. Null `text` does nothing.
+    void setLabelOf(Widget labelled, const char* text);
     /// Destroys the widget (inside a dispatch: soon); the item is unbuilt from here on.
     void dropWidget();
     /// The widget of any item as it is: completes nothing.

@@ -71,16 +71,7 @@ void LmOptionMenu::createPane(Widget parent)
     manageAll();
 }
 
-void LmOptionMenu::setLabel(const char* text)
-{
-    if (!text)
-        return;
-    if (text != _label.get())
-        _label.reset(strdup(text));
-    if (!_baseWidget)
-        return;
-    XtVaSetValues(XmOptionLabelGadget(_baseWidget), XmNlabelString, lm::labelResource(_baseWidget, _label.get()).get(), nullptr);
-}
+void LmOptionMenu::setLabel(const char* text) { setLabelOf(_baseWidget ? XmOptionLabelGadget(_baseWidget) : nullptr, text); }
 
 void LmOptionMenu::forceWidth(int width)
 {
