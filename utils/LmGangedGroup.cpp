@@ -22,12 +22,6 @@ void LmGangedGroup::add(Widget w)
     XtAddCallback(w, XmNdragCallback, valueChangedCallback, this);
 }
 
-void LmGangedGroup::add(LmComponent* component)
-{
-    if (component)
-        add(component->baseWidget());
-}
-
 void LmGangedGroup::leave(Widget w)
 {
     XtRemoveCallback(w, XmNvalueChangedCallback, valueChangedCallback, this);

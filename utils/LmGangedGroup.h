@@ -10,11 +10,10 @@ class LM_API LmGangedGroup : public LmWidgetList {
 public:
     ~LmGangedGroup() override;
 
+    using LmWidgetList::add;
     using LmWidgetList::remove;
     void add(Widget w) override;
-    void add(LmComponent* component) override;
     void remove(Widget w) override;
-    void removeFirst() override { remove((*this)[0]); }
     void removeLast() override { remove((*this)[size() - 1]); }
 
     /// The Xt procedure of the members, with the group as client data.

@@ -34,12 +34,6 @@ void LmRadioGroup::add(Widget w)
     }
 }
 
-void LmRadioGroup::add(LmComponent* component)
-{
-    if (component)
-        add(component->baseWidget());
-}
-
 void LmRadioGroup::leave(Widget w)
 {
     if (isToggle(w))

@@ -11,11 +11,10 @@ class LM_API LmRadioGroup : public LmWidgetList {
 public:
     ~LmRadioGroup() override;
 
+    using LmWidgetList::add;
     using LmWidgetList::remove;
     void add(Widget w) override;
-    void add(LmComponent* component) override;
     void remove(Widget w) override;
-    void removeFirst() override { remove((*this)[0]); }
     void removeLast() override { remove((*this)[size() - 1]); }
     /// A toggle changed; when it went on, it is the chosen one.
     virtual void valueChanged(Widget w, void* callData);

@@ -47,7 +47,7 @@ void LmWidgetList::remove(Widget w)
 void LmWidgetList::removeFirst()
 {
     if (!_widgets.empty())
-        removeAt(_widgets.begin());
+        remove(_widgets.front());
 }
 
 void LmWidgetList::removeLast()

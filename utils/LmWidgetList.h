@@ -22,7 +22,7 @@ public:
     virtual void remove(LmComponent* component);
     /// Removes the first occurrence of the widget.
     virtual void remove(Widget w);
-    /// Removes the first widget of the list, if any.
+    /// Removes the first widget of the list, if any, by remove(Widget).
     virtual void removeFirst();
     /// Removes the last widget of the list, if any.
     virtual void removeLast();
