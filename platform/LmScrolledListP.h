@@ -13,6 +13,7 @@ struct ScrolledListPart {
     Boolean showIcons;
     Boolean update;
     XtCallbackList activateCallback;
+    XtCallbackList unrealizeCallback;   // Xt runs it for classes that declare it
     RowList* rows;   // owned: Xt makes and frees the record as plain memory
 };
 
