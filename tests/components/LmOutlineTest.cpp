@@ -102,6 +102,7 @@ void compare(LmOutline& outline, Model& root, std::map<std::string, Pixmap>& ico
     for (int at = 1; at <= rows(outline); ++at) {
         const auto [model, level] = shown[static_cast<std::size_t>(at) - 1];
         const auto* node = static_cast<LmOlNode*>(outline.getHookAt(at));
+        ASSERT_NE(node, nullptr) << "row " << at;
         ASSERT_EQ(row(outline, at), model->key) << "row " << at;
         ASSERT_STREQ(node->key(), text(model->key));
         ASSERT_EQ(node->whereDisplayed(), at);
