@@ -47,7 +47,10 @@ Pixel pixelOf(Widget w, const char* resource)
 }
 
 // Gadgets have no colour of their own in their record.
-Pixel backgroundOf(Widget node) { return XtIsSubclass(node, coreWidgetClass) ? node->core.background_pixel : pixelOf(node, XmNbackground); }
+Pixel backgroundOf(Widget node)
+{
+    return XtIsSubclass(node, coreWidgetClass) ? node->core.background_pixel : pixelOf(node, XmNbackground);
+}
 
 // The clip window of the automatic scrolled window whose work window the graph is; null when there is none.
 Widget clipOf(Widget graph)
@@ -108,9 +111,9 @@ private:
     lm::SharedGC gc(Pixel pixel) const { return {_widget, GCForeground, XGCValues{.foreground = pixel}}; }
     Display* display() const { return XtDisplayOfObject(_widget); }
 
-    Widget _graph;    // null once destroyed
+    Widget _graph;   // null once destroyed
     Widget _widget;
-    Widget _clip;     // of the scrolled window around the graph, or null
+    Widget _clip;   // of the scrolled window around the graph, or null
     lm::WorkProcHandle _redrawing;
 };
 
@@ -171,7 +174,8 @@ void Overview::pointed(XEvent* event)
     const bool pressed = event->type == ButtonPress && event->xbutton.button == Button1;
     if (!_clip || (!pressed && event->type != MotionNotify))
         return;
-    const lm::Point place = pressed ? lm::Point{event->xbutton.x, event->xbutton.y} : lm::Point{event->xmotion.x, event->xmotion.y};
+    const lm::Point place =
+        pressed ? lm::Point{event->xbutton.x, event->xbutton.y} : lm::Point{event->xmotion.x, event->xmotion.y};
     scrollTo(XtParent(_clip), scale().inArea(place));   // we may be gone
 }
 
@@ -236,11 +240,12 @@ void Overview::drawArcs(Drawable picture, const lm::OverviewScale& scale)
         if (!from->core.managed || !to->core.managed)
             continue;
         const lm::Point start = scale.shown(lm::middleOf(outlineOf(from))), end = scale.shown(lm::middleOf(outlineOf(to)));
-        lines.push_back({static_cast<short>(start.x), static_cast<short>(start.y), static_cast<short>(end.x),
-                         static_cast<short>(end.y)});
+        lines.push_back(
+            {static_cast<short>(start.x), static_cast<short>(start.y), static_cast<short>(end.x), static_cast<short>(end.y)});
     }
     if (!lines.empty())
-        XDrawSegments(display(), picture, gc(pixelOf(_widget, XmNforeground)).get(), lines.data(), static_cast<int>(lines.size()));
+        XDrawSegments(display(), picture, gc(pixelOf(_widget, XmNforeground)).get(), lines.data(),
+                      static_cast<int>(lines.size()));
 }
 
 std::vector<Widget> Overview::nodes() const
@@ -266,8 +271,8 @@ void Overview::drawNodes(Drawable picture, const lm::OverviewScale& scale)
         const bool isDot = place.width < 4 || place.height < 4;
         filled[isDot ? foreground : backgroundOf(node)].push_back(place);
         if (!isDot)
-            outlines.push_back({place.x, place.y, static_cast<unsigned short>(place.width - 1),
-                                static_cast<unsigned short>(place.height - 1)});
+            outlines.push_back(
+                {place.x, place.y, static_cast<unsigned short>(place.width - 1), static_cast<unsigned short>(place.height - 1)});
     }
     for (auto& [pixel, places] : filled)
         XFillRectangles(display(), picture, gc(pixel).get(), places.data(), static_cast<int>(places.size()));

@@ -100,10 +100,7 @@ void drawArcs(Widget w)
     XDrawSegments(XtDisplayOfObject(w), XtWindowOfObject(w), gc.get(), lines.data(), static_cast<int>(lines.size()));
 }
 
-Dimension dimension(int value)
-{
-    return static_cast<Dimension>(std::clamp<int>(value, 1, std::numeric_limits<short>::max()));
-}
+Dimension dimension(int value) { return static_cast<Dimension>(std::clamp<int>(value, 1, std::numeric_limits<short>::max())); }
 
 void growFor(Widget w, std::span<const Widget> nodes)
 {

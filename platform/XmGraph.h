@@ -29,8 +29,8 @@ LM_API void XmGraphAddArc(Widget graph, Widget from, Widget to);
 LM_API void XmGraphRemoveArc(Widget graph, Widget from, Widget to);
 
 /// Makes an overview of a graph, not managed: an XmDrawingArea named "overview" that shows, scaled to its size, the managed
-/// children of `graph` and (with "showOverviewArcs") its arcs. When the graph is the work window of an automatic XmScrolledWindow,
-/// the visible part is marked, and a press of the first button, or a drag with it, scrolls the window there.
+/// children of `graph` and (with "showOverviewArcs") its arcs. When the graph is the work window of an automatic
+/// XmScrolledWindow, the visible part is marked, and a press of the first button, or a drag with it, scrolls the window there.
 ///
 /// `graph` may be any composite widget: one without the resources counts as having them false. The overview follows nodes
 /// that come, go and move, redrawing once for any number of changes; when the graph is destroyed it becomes empty. It may be

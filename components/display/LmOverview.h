@@ -8,7 +8,8 @@
 ///
 ///   Widgets    as LmWindow; "overview" (XmDrawingArea, the view); the menu pane "overview_main_menu" with the toggles
 ///              "skewOverviewScale" and "showOverviewArcs", a separator and the action "close"
-///   Resources  of the graph: "skewOverviewScale" and "showOverviewArcs", Boolean. The toggles set them; the first one starts as the
+///   Resources  of the graph: "skewOverviewScale" and "showOverviewArcs", Boolean. The toggles set them; the first one starts as
+///   the
 ///              graph has it, the second one on
 ///   Errors     none; for a null graph, or one without the resources, the toggles do nothing
 class LM_API LmOverview : public LmWindow {

@@ -31,8 +31,8 @@ bool isOn(Widget toggle)
 
 TEST_F(LmOverviewOnScreen, TheMenuScalesShowsArcsAndCloses)
 {
-    Widget graph = XtVaCreateManagedWidget("graph", xmGraphWidgetClass, shell(), "skewOverviewScale", True, "showOverviewArcs", False,
-                                           nullptr);
+    Widget graph = XtVaCreateManagedWidget("graph", xmGraphWidgetClass, shell(), "skewOverviewScale", True, "showOverviewArcs",
+                                           False, nullptr);
     auto* window = new LmOverview("overview", graph);
     window->show();
     settle();
@@ -45,7 +45,7 @@ TEST_F(LmOverviewOnScreen, TheMenuScalesShowsArcsAndCloses)
     EXPECT_EQ(textOf(skew), "Scale To Fit");
     EXPECT_EQ(textOf(arcs), "Show Arcs ");
     EXPECT_TRUE(isOn(skew));
-    EXPECT_TRUE(isOn(arcs));                               // on, whatever the graph has
+    EXPECT_TRUE(isOn(arcs));   // on, whatever the graph has
     EXPECT_FALSE(flagOf(graph, "showOverviewArcs"));
     EXPECT_TRUE(isViewable(window->viewWidget()));
     EXPECT_STREQ(window->className(), "LmOverview");

@@ -4,10 +4,10 @@
 
 #include <X11/IntrinsicP.h>
 #include <Xm/DrawingA.h>
+#include <Xm/Form.h>
 #include <Xm/LabelG.h>
 #include <Xm/PushB.h>
 #include <Xm/ScrolledW.h>
-#include <Xm/Form.h>
 #include <Xm/Xm.h>
 
 using namespace lmtest;
@@ -23,10 +23,11 @@ protected:
     void build(WidgetClass cls = xmGraphWidgetClass)
     {
         Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell(), nullptr);
-        window = XtVaCreateManagedWidget("window", xmScrolledWindowWidgetClass, form, XmNscrollingPolicy, XmAUTOMATIC, XmNwidth, 200,
-                                         XmNheight, 200, nullptr);
-        graph = XtVaCreateManagedWidget("graph", cls, window, XmNwidth, 400, XmNheight, 400, XmNforeground, red, XmNresizePolicy, XmRESIZE_NONE, nullptr);
-        other = XtVaCreateManagedWidget("other", xmDrawingAreaWidgetClass, form, XmNx, 220, XmNwidth, 108, XmNheight, 108,
+        window = XtVaCreateManagedWidget("window", xmScrolledWindowWidgetClass, form, XmNscrollingPolicy, XmAUTOMATIC, XmNwidth,
+                                         200, XmNheight, 200, nullptr);
+        graph = XtVaCreateManagedWidget("graph", cls, window, XmNwidth, 400, XmNheight, 400, XmNforeground, red, XmNresizePolicy,
+                                        XmRESIZE_NONE, nullptr);
+        other = XtVaCreateManagedWidget("other", xmDrawingAreaWidgetClass, form, XmNx, 220, XmNwidth, 210, XmNheight, 108,
                                         XmNresizePolicy, XmRESIZE_NONE, XmNmarginWidth, 0, XmNmarginHeight, 0, nullptr);
         overview = XmGraphCreateOverView(graph, other);
         XtVaSetValues(overview, XmNwidth, 108, XmNheight, 108, XmNforeground, red, nullptr);
@@ -87,8 +88,8 @@ TEST_F(XmGraphOnScreen, TheOverviewFollowsNodesAndArcs)
     XmGraphAddArc(graph, first, second);
     realize();
     expectShown(4 + 5, 4 + 5, green);
-    expectShown(4 + 55, 4 + 55, green);   // a gadget
-    expectShown(4 + 30, 4 + 30, red);     // the arc
+    expectShown(4 + 55, 4 + 55, green);        // a gadget
+    expectShown(4 + 30, 4 + 30, red);          // the arc
     EXPECT_EQ(pixelAt(overview, 4, 4), red);   // the outline of a node
 
     XtVaSetValues(second, XmNx, 300, XmNy, 100, nullptr);
