@@ -13,15 +13,9 @@ namespace {
 using lm::RowList;
 using lm::ScrolledListRec;
 
-ScrolledListRec& record(Widget w)
-{
-    return *reinterpret_cast<ScrolledListRec*>(w);
-}
+ScrolledListRec& record(Widget w) { return *reinterpret_cast<ScrolledListRec*>(w); }
 
-void forgetWindow(Widget, XtPointer rows, XtPointer) noexcept
-{
-    static_cast<RowList*>(rows)->painter().forgetWindow();
-}
+void forgetWindow(Widget, XtPointer rows, XtPointer) noexcept { static_cast<RowList*>(rows)->painter().forgetWindow(); }
 
 void initialize(Widget, Widget w, ArgList, Cardinal*) noexcept
 {
@@ -30,10 +24,7 @@ void initialize(Widget, Widget w, ArgList, Cardinal*) noexcept
     XtAddCallback(w, XtNunrealizeCallback, forgetWindow, rows);
 }
 
-void destroy(Widget w) noexcept
-{
-    delete std::exchange(record(w).scrolledList.rows, nullptr);
-}
+void destroy(Widget w) noexcept { delete std::exchange(record(w).scrolledList.rows, nullptr); }
 
 void realize(Widget w, XtValueMask* mask, XSetWindowAttributes* wanted) noexcept
 {
@@ -77,8 +68,13 @@ Boolean setValues(Widget before, Widget, Widget w, ArgList, Cardinal*) noexcept
 
 XtResource callbackResource(const char* name, std::size_t offset)
 {
-    return {lm::xtText(name),     lm::xtText(XmCCallback),       lm::xtText(XtRCallback),    sizeof(XtCallbackList),
-            static_cast<Cardinal>(offset), lm::xtText(XtRImmediate), nullptr};
+    return {lm::xtText(name),
+            lm::xtText(XmCCallback),
+            lm::xtText(XtRCallback),
+            sizeof(XtCallbackList),
+            static_cast<Cardinal>(offset),
+            lm::xtText(XtRImmediate),
+            nullptr};
 }
 
 XtResource resources[] = {
@@ -143,10 +139,7 @@ ScrolledListClassRec classRecord = {
     .extension = nullptr,
 };
 
-void destroyParent(Widget list, XtPointer, XtPointer) noexcept
-{
-    XtDestroyWidget(XtParent(list));
-}
+void destroyParent(Widget list, XtPointer, XtPointer) noexcept { XtDestroyWidget(XtParent(list)); }
 
 /// The row list, when it has the row.
 RowList* rowsWith(Widget list, int position)
@@ -211,10 +204,7 @@ Pixmap LmListGetPositionIcon(Widget list, int position)
     return rows ? rows->lookAt(position).icon : None;
 }
 
-void LmListDeletePos(Widget list, int position)
-{
-    LmListDeleteItemsPos(list, 1, position);
-}
+void LmListDeletePos(Widget list, int position) { LmListDeleteItemsPos(list, 1, position); }
 
 void LmListDeleteItemsPos(Widget list, int count, int position)
 {

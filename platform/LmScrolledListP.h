@@ -14,7 +14,7 @@ struct ScrolledListPart {
     Boolean update;
     XtCallbackList activateCallback;
     XtCallbackList unrealizeCallback;   // Xt runs it for classes that declare it
-    RowList* rows;   // owned: Xt makes and frees the record as plain memory
+    RowList* rows;                      // owned: Xt makes and frees the record as plain memory
 };
 
 struct ScrolledListRec {
