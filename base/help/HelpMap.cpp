@@ -78,11 +78,9 @@ static void readMapLine(const std::vector<std::string_view>& fields, std::string
     map.tutorial |= kind == tutorial;
     if (kind != task || fields.size() < 5)
         return;
-    const bool visible = std::any_of(fields.begin() + 5, fields.end(), [&](std::string_view scope) {
-        return namesWindow(scope, applicationClass, shellName);
-    });
-    map.tasks.push_back(
-        {visible, std::string(fields[1]), std::string(fields[2]), numberIn(fields[3]), std::string(fields[4])});
+    const bool visible = std::any_of(fields.begin() + 5, fields.end(),
+                                     [&](std::string_view scope) { return namesWindow(scope, applicationClass, shellName); });
+    map.tasks.push_back({visible, std::string(fields[1]), std::string(fields[2]), numberIn(fields[3]), std::string(fields[4])});
 }
 
 HelpMap parseHelpMap(std::string_view text, std::string_view applicationClass, const char* shellName)

@@ -39,7 +39,7 @@ HelpMap parseHelpMap(std::string_view text, std::string_view applicationClass, c
 /// One entry of the help menu.
 struct HelpEntry {
     size_t task;
-    int depth;            ///< 0 in the help pane itself
+    int depth;              ///< 0 in the help pane itself
     bool isGroup = false;   ///< whether the entries after it, as long as they are deeper, stand in a submenu of its own
 };
 

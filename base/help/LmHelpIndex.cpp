@@ -49,10 +49,7 @@ LmHelpIndex::~LmHelpIndex()
         delete _outline;
 }
 
-LmOutline* LmHelpIndex::outline() const
-{
-    return isComponent(_outline) && _outline->baseWidget() ? _outline : nullptr;
-}
+LmOutline* LmHelpIndex::outline() const { return isComponent(_outline) && _outline->baseWidget() ? _outline : nullptr; }
 
 static lm::CString copyOfPath(LmHelpMapfileFunction function)
 {
@@ -79,8 +76,7 @@ Widget LmHelpIndex::createDialog(Widget parent)
 void LmHelpIndex::warnOfMapFiles() const
 {
     const auto text = [](const lm::CString& path) { return path ? path.get() : ""; };
-    const std::string message =
-        std::string("Error opening mapfiles:\n") + text(_mapfile) + ", " + text(_eclassMapfile);
+    const std::string message = std::string("Error opening mapfiles:\n") + text(_mapfile) + ", " + text(_eclassMapfile);
     getTheWarningDialog()->post(message.c_str());
 }
 

@@ -8,7 +8,7 @@ class LmOutline;
 
 namespace lm {
 struct HelpSection;
-}
+}   // namespace lm
 
 /// A dialog with an outline of help topics; a double click asks the program's help function for one.
 ///
