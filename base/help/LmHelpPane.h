@@ -76,7 +76,7 @@ public:
     /// "helpTutorialMenuItem", those that exist, sensitive or not. Building the pane sets all five as the help map says.
     void setItemSensitivities(bool context, bool overview, bool index, bool keys, bool tutorial);
 
-    /// The path of a help file, for the application's use; the pane does not read it. Null changes nothing; not copied twice.
+    /// The path of a help file, for the application's use, copied; the pane does not read it. Null changes nothing.
     void setHelpFilePathname(const char* path);
     /// Sets it to "$ZENTAHOME/doc/help/<program>", with "/usr/zenta" where ZENTAHOME is not set.
     void setupDefaultHelpFilePathname();

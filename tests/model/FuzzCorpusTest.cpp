@@ -11,7 +11,8 @@ TEST(FuzzCorpusModel, EveryKeptInputIsSurvived)
 {
     for (const lmfuzz::Target& target : lmfuzz::targets) {
         int inputs = 0;
-        for (const auto& entry : std::filesystem::directory_iterator(LUMORA_SOURCE_DIR "/fuzz/corpus/" + std::string(target.name))) {
+        for (const auto& entry :
+             std::filesystem::directory_iterator(LUMORA_SOURCE_DIR "/fuzz/corpus/" + std::string(target.name))) {
             SCOPED_TRACE(entry.path());
             std::ifstream file(entry.path(), std::ios::binary);
             target.run(std::string(std::istreambuf_iterator<char>(file), {}));

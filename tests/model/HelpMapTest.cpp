@@ -29,7 +29,8 @@ static std::string tasks(const std::string& short_)
 {
     std::string map;
     for (size_t i = 0; i < short_.size(); i += 2)
-        map += std::string("2;task;") + short_[i] + ";" + short_[i + 1] + ";key;" + (std::islower(short_[i]) ? "App.other\n" : "App.main\n");
+        map += std::string("2;task;") + short_[i] + ";" + short_[i + 1] + ";key;" +
+               (std::islower(short_[i]) ? "App.other\n" : "App.main\n");
     return map;
 }
 
@@ -44,10 +45,20 @@ static std::string kinds(std::string_view text)
 TEST(HelpMapModel, LinesTellWhatHelpThereIs)
 {
     using namespace std::string_view_literals;
-    const std::pair<std::string_view, const char*> cases[] = {
-        {"", "0"},           {"1", "coi0"},           {"#1\n 1\n\n;;;\n", "0"},       {"3\n;;4;\n", "ckti0"},   {"9;1\n", "ci0"},
-        {"x", "ci0"},        {" 1\n\t1", "coi0"},     {"2;name;label;0\n", "ci0"},    {"2;n;l;0;k", "ci1"},     {"\0""1\n1\0;2"sv, "coi0"},
-        {"2;n;;l;;0;;k;;;s;", "ci1"}, {"1x;2\r\n", "coi0"}};
+    const std::pair<std::string_view, const char*> cases[] = {{"", "0"},
+                                                              {"1", "coi0"},
+                                                              {"#1\n 1\n\n;;;\n", "0"},
+                                                              {"3\n;;4;\n", "ckti0"},
+                                                              {"9;1\n", "ci0"},
+                                                              {"x", "ci0"},
+                                                              {" 1\n\t1", "coi0"},
+                                                              {"2;name;label;0\n", "ci0"},
+                                                              {"2;n;l;0;k", "ci1"},
+                                                              {"\0"
+                                                               "1\n1\0;2"sv,
+                                                               "coi0"},
+                                                              {"2;n;;l;;0;;k;;;s;", "ci1"},
+                                                              {"1x;2\r\n", "coi0"}};
     for (const auto& [map, expected] : cases)
         EXPECT_EQ(kinds(map), expected) << map;
     EXPECT_EQ(kinds(repeated("2", 20000) + "\n3;" + repeated("x;", 20000) + "\n1"), "coki0");
@@ -68,13 +79,14 @@ TEST(HelpMapModel, ScopesSayWhereATaskIsShown)
 
 TEST(HelpMapModel, LevelsMakeSubmenus)
 {
-    const char* const cases[][2] = {{"A0B1C1D0", "A(B C) D"},      {"A0B2C1D2E0", "A(B C(D)) E"}, {"a0B1C1D0", "B C D"},
-                                    {"A0b1C2", "A(C)"},            {"A0b1c1", "A"},               {"A1B2C0D0", "C D"},
-                                    {"A0b1C2d1", "A(C)"},          {"a0b0", ""},                  {"A0B1c0D1", "A(B) D"}};
+    const char* const cases[][2] = {
+        {"A0B1C1D0", "A(B C) D"}, {"A0B2C1D2E0", "A(B C(D)) E"}, {"a0B1C1D0", "B C D"}, {"A0b1C2", "A(C)"},    {"A0b1c1", "A"},
+        {"A1B2C0D0", "C D"},      {"A0b1C2d1", "A(C)"},          {"a0b0", ""},          {"A0B1c0D1", "A(B) D"}};
     for (const auto& [map, expected] : cases)
         EXPECT_EQ(menu(tasks(map)), expected) << map;
-    EXPECT_EQ(menu("2;t;A;0;k;App.main\n2;t;B;-3;k;App.main\n2;t;C;1;k;App.main\n2;t;D;0;k;App.main\n2;t;E;1000000000;k;App.main\n"),
-              "A D(E)");
+    EXPECT_EQ(
+        menu("2;t;A;0;k;App.main\n2;t;B;-3;k;App.main\n2;t;C;1;k;App.main\n2;t;D;0;k;App.main\n2;t;E;1000000000;k;App.main\n"),
+        "A D(E)");
 
     std::string deep;
     for (int i = 0; i < 50000; ++i)
