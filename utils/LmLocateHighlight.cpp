@@ -49,13 +49,6 @@ static Pixel lighterThan(Pixel normal)
     return lm::allocColor(theApplication->display(), colormap, &light) ? light.pixel : topShadow;
 }
 
-static Pixel backgroundOf(Widget w)
-{
-    Pixel pixel = 0;
-    XtVaGetValues(w, XmNbackground, &pixel, nullptr);
-    return pixel;
-}
-
 /// Runs before every action of the application, so what is cheapest to ask is asked first.
 static void lightUp(Widget w, XtPointer clientData, String action, XEvent*, String*, Cardinal*) noexcept
 {
@@ -65,8 +58,7 @@ static void lightUp(Widget w, XtPointer clientData, String action, XEvent*, Stri
     if (!XmIsPushButton(w) && !XmIsArrowButton(w))
         return;
     const auto* colors = static_cast<ButtonColors*>(clientData);
-    const bool staysLit = !entered && !XtIsSensitive(w) && backgroundOf(w) == colors->highlight;   // became so under the pointer
-    if (XtIsSensitive(w) || staysLit)
+    if (XtIsSensitive(w))
         XtVaSetValues(w, XmNbackground, entered ? colors->highlight : colors->normal, nullptr);
 }
 

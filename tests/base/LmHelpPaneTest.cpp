@@ -95,6 +95,7 @@ struct HelpOnScreen : OnScreen {
 
     const std::string folder = std::string(getenv("HOME")) + "/help";
     const bool made = fs::create_directories(folder);
+    LmWindow* keeper = new LmWindow("keeper");   // so that no test ends the program with its last window
 };
 using Asked = std::vector<std::string>;
 
