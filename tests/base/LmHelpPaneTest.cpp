@@ -25,7 +25,7 @@ namespace fs = std::filesystem;
 
 namespace {
 std::vector<std::string> asked;   // of the help service
-}
+}   // namespace
 
 /// The program's own, in the place of the library's.
 int gu_help(void*, const char* name, int request, int)
@@ -54,7 +54,7 @@ struct HelpWindow : LmWindow {
         settle();
     }
     Widget setUpInterface(Widget parent) override { return XmCreateLabel(parent, const_cast<char*>("view"), nullptr, 0); }
-    LmHelpPane* pane() { return static_cast<LmHelpPane*>(menu()->findNamedItem("helpMenu", false, false)); }
+    LmHelpPane* pane() { return menu()->helpPane(); }
     void chooseItem(const char* name)
     {
         XmPushButtonCallbackStruct call = {};
@@ -110,7 +110,8 @@ TEST_F(HelpOnScreen, EveryWindowHasTheTasksOfItsScope)
     HelpWindow left("left"), right("right");
     EXPECT_EQ(itemsOf(left.pane()), "helpOverviewMenuItem Saving Drawing(Lines Dots) separator helpIndexMenuItem separator "
                                     "helpVersionMenuItem");
-    EXPECT_EQ(itemsOf(right.pane()), "helpOverviewMenuItem Drawing(Lines) separator helpIndexMenuItem separator helpVersionMenuItem");
+    EXPECT_EQ(itemsOf(right.pane()),
+              "helpOverviewMenuItem Drawing(Lines) separator helpIndexMenuItem separator helpVersionMenuItem");
     Widget helpWidget = nullptr;
     XtVaGetValues(left.menu()->baseWidget(), XmNmenuHelpWidget, &helpWidget, nullptr);
     EXPECT_EQ(helpWidget, static_cast<LmMenuItem*>(left.pane())->baseWidget());
@@ -133,8 +134,10 @@ TEST_F(HelpOnScreen, EveryWindowHasTheTasksOfItsScope)
 
 TEST_F(HelpOnScreen, WhatTheMapDoesNotTellOfIsInsensitive)
 {
-    const LmMenuDesc table[] = {{MENU_ACTION, "helpOnContextMenuItem"}, {MENU_ACTION, "helpKeysMenuItem"},
-                                {MENU_ACTION, "helpTutorialMenuItem"}, {MENU_END}};
+    const LmMenuDesc table[] = {{MENU_ACTION, "helpOnContextMenuItem"},
+                                {MENU_ACTION, "helpKeysMenuItem"},
+                                {MENU_ACTION, "helpTutorialMenuItem"},
+                                {MENU_END}};
     const std::string rest = " separator helpVersionMenuItem";
     HelpWindow window("window");
     const auto built = [&] {
@@ -144,10 +147,11 @@ TEST_F(HelpOnScreen, WhatTheMapDoesNotTellOfIsInsensitive)
     const std::string all = "helpOnContextMenuItem helpKeysMenuItem helpTutorialMenuItem helpOverviewMenuItem helpIndexMenuItem";
     EXPECT_EQ(built(), all + rest);
     file("LmTest.helpmap", "1\n");
-    EXPECT_EQ(built(), "helpOnContextMenuItem -helpKeysMenuItem -helpTutorialMenuItem helpOverviewMenuItem helpIndexMenuItem" + rest);
+    EXPECT_EQ(built(),
+              "helpOnContextMenuItem -helpKeysMenuItem -helpTutorialMenuItem helpOverviewMenuItem helpIndexMenuItem" + rest);
     file("LmTest.helpmap", "");
-    EXPECT_EQ(built(), "-helpOnContextMenuItem -helpKeysMenuItem -helpTutorialMenuItem -helpOverviewMenuItem -helpIndexMenuItem" +
-                           rest);
+    EXPECT_EQ(built(),
+              "-helpOnContextMenuItem -helpKeysMenuItem -helpTutorialMenuItem -helpOverviewMenuItem -helpIndexMenuItem" + rest);
     setenv("DEFHELPPATH", (folder + std::string(1024 - folder.size() - 14, '/')).c_str(), 1);   // 1024 bytes, and an end mark
     EXPECT_EQ(built(), all + rest);
     setenv("DEFHELPPATH", (folder + "/").c_str(), 1);
@@ -158,7 +162,8 @@ TEST_F(HelpOnScreen, WhatTheMapDoesNotTellOfIsInsensitive)
     setlocale(LC_ALL, "C.UTF-8");
     fs::create_directories(folder + "/" + setlocale(LC_ALL, nullptr));
     file(std::string(setlocale(LC_ALL, nullptr)) + "/LmTest.helpmap", "3\n");
-    EXPECT_EQ(built(), "helpOnContextMenuItem helpKeysMenuItem -helpTutorialMenuItem -helpOverviewMenuItem helpIndexMenuItem" + rest);
+    EXPECT_EQ(built(),
+              "helpOnContextMenuItem helpKeysMenuItem -helpTutorialMenuItem -helpOverviewMenuItem helpIndexMenuItem" + rest);
 }
 
 TEST_F(HelpOnScreen, TheOldArrangementHasFourEntries)

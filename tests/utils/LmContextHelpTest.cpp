@@ -42,7 +42,7 @@ struct BoxWindow : LmWindow {
         toggle = XtVaCreateManagedWidget("toggle", xmToggleButtonWidgetClass, box, nullptr);
         return box;
     }
-    LmHelpPane* pane() { return static_cast<LmHelpPane*>(menu()->findNamedItem("helpMenu", false, false)); }
+    LmHelpPane* pane() { return menu()->helpPane(); }
     Widget box, gadget, button, toggle;
 };
 
