@@ -13,15 +13,9 @@ namespace {
 using lm::RowList;
 using lm::ScrolledListRec;
 
-ScrolledListRec& record(Widget w)
-{
-    return *reinterpret_cast<ScrolledListRec*>(w);
-}
+ScrolledListRec& record(Widget w) { return *reinterpret_cast<ScrolledListRec*>(w); }
 
-void forgetWindow(Widget, XtPointer rows, XtPointer) noexcept
-{
-    static_cast<RowList*>(rows)->painter().forgetWindow();
-}
+void forgetWindow(Widget, XtPointer rows, XtPointer) noexcept { static_cast<RowList*>(rows)->painter().forgetWindow(); }
 
 void initialize(Widget, Widget w, ArgList, Cardinal*) noexcept
 {
@@ -30,10 +24,7 @@ void initialize(Widget, Widget w, ArgList, Cardinal*) noexcept
     XtAddCallback(w, XtNunrealizeCallback, forgetWindow, rows);
 }
 
-void destroy(Widget w) noexcept
-{
-    delete std::exchange(record(w).scrolledList.rows, nullptr);
-}
+void destroy(Widget w) noexcept { delete std::exchange(record(w).scrolledList.rows, nullptr); }
 
 void realize(Widget w, XtValueMask* mask, XSetWindowAttributes* wanted) noexcept
 {
@@ -137,10 +128,7 @@ ScrolledListClassRec classRecord = {
     .extension = nullptr,
 };
 
-void destroyParent(Widget list, XtPointer, XtPointer) noexcept
-{
-    XtDestroyWidget(XtParent(list));
-}
+void destroyParent(Widget list, XtPointer, XtPointer) noexcept { XtDestroyWidget(XtParent(list)); }
 
 /// The row list, when it has the row.
 RowList* rowsWith(Widget list, int position)
@@ -193,10 +181,7 @@ void LmListSetPositionIcon(Widget list, int position, Pixmap icon)
         rows->setIcon(position, icon);
 }
 
-void LmListDeletePos(Widget list, int position)
-{
-    LmListDeleteItemsPos(list, 1, position);
-}
+void LmListDeletePos(Widget list, int position) { LmListDeleteItemsPos(list, 1, position); }
 
 void LmListDeleteItemsPos(Widget list, int count, int position)
 {

@@ -12,23 +12,21 @@ namespace lm {
 
 namespace {
 
-constexpr int Many = 256;      // rows from which on the record is changed directly
-constexpr int IconMargin = 2;  // between the icons of two rows, at least
+constexpr int Many = 256;       // rows from which on the record is changed directly
+constexpr int IconMargin = 2;   // between the icons of two rows, at least
 
 /// Every callback that gets an XmListCallbackStruct.
-const char* const selectionCallbacks[] = {XmNsingleSelectionCallback, XmNmultipleSelectionCallback,
-                                              XmNextendedSelectionCallback, XmNbrowseSelectionCallback,
-                                              XmNdefaultActionCallback};
+const char* const selectionCallbacks[] = {XmNsingleSelectionCallback, XmNmultipleSelectionCallback, XmNextendedSelectionCallback,
+                                          XmNbrowseSelectionCallback, XmNdefaultActionCallback};
 
-Dimension dimension(int pixels)
-{
-    return static_cast<Dimension>(std::clamp(pixels, 0, USHRT_MAX));
-}
+Dimension dimension(int pixels) { return static_cast<Dimension>(std::clamp(pixels, 0, USHRT_MAX)); }
 
 }   // namespace
 
 RowList::RowList(ScrolledListRec* widget)
-    : _widget(widget), _looks(XtDisplayOfObject(reinterpret_cast<Widget>(widget))), _painter(widget, _looks),
+    : _widget(widget),
+      _looks(XtDisplayOfObject(reinterpret_cast<Widget>(widget))),
+      _painter(widget, _looks),
       _hook(XtAppAddBlockHook(XtWidgetToApplicationContext(reinterpret_cast<Widget>(widget)), aboutToBlock, this))
 {
     for (const char* name : selectionCallbacks)
@@ -39,10 +37,7 @@ RowList::RowList(ScrolledListRec* widget)
     replaceScrollBar();
 }
 
-RowList::~RowList()
-{
-    XtRemoveBlockHook(_hook);
-}
+RowList::~RowList() { XtRemoveBlockHook(_hook); }
 
 RowList* RowList::of(Widget widget)
 {
@@ -55,10 +50,7 @@ RowList* RowList::of(Widget widget)
 // XmList changes rows in many places. Before the program waits for the next event, we look. That moment does not come while
 // work procedures run, so what the user does is looked at soon after it, too.
 
-void RowList::aboutToBlock(XtPointer self) noexcept
-{
-    static_cast<RowList*>(self)->show();
-}
+void RowList::aboutToBlock(XtPointer self) noexcept { static_cast<RowList*>(self)->show(); }
 
 void RowList::noticed(Widget, XtPointer self, XEvent*, Boolean*) noexcept
 {
@@ -99,15 +91,9 @@ void RowList::adoptVisible()
 
 // --- callbacks -------------------------------------------------------------------------------------------------------
 
-void RowList::tellLength(XmListCallbackStruct* call)
-{
-    call->item_length = call->item ? XmStringLength(call->item) : 0;
-}
+void RowList::tellLength(XmListCallbackStruct* call) { call->item_length = call->item ? XmStringLength(call->item) : 0; }
 
-void RowList::activate(XmListCallbackStruct* call)
-{
-    XtCallCallbackList(self(), _widget->scrolledList.activateCallback, call);
-}
+void RowList::activate(XmListCallbackStruct* call) { XtCallCallbackList(self(), _widget->scrolledList.activateCallback, call); }
 
 /// Motif's own bar cannot be annotated. Ours takes its name, its callbacks and its place.
 void RowList::replaceScrollBar()
@@ -236,10 +222,7 @@ void RowList::widthsChanged()
 }
 
 /// XmList's own resize procedure computes anew what the scroll bars show and how many rows fit.
-void RowList::recordChanged()
-{
-    xmListClassRec.core_class.resize(self());
-}
+void RowList::recordChanged() { xmListClassRec.core_class.resize(self()); }
 
 // --- more and fewer rows ---------------------------------------------------------------------------------------------
 

@@ -80,9 +80,9 @@ private:
     RowPainter _painter;
     LabelSizes _sizes;
     bool _sizesKnown = false;
-    int _column = 0;          // the icons' column as it is in the widths of the rows
-    bool _appending = false;  // rows were appended that Motif has not heard of yet
-    NewRow _lastRow;          // and its look: most rows look like the one before
+    int _column = 0;           // the icons' column as it is in the widths of the rows
+    bool _appending = false;   // rows were appended that Motif has not heard of yet
+    NewRow _lastRow;           // and its look: most rows look like the one before
     int _lastLook = 0;
     XtBlockHookId _hook;
     TimerHandle _timer;

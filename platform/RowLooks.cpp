@@ -25,10 +25,7 @@ int RowLooks::number(const RowLook& look)
 namespace {
 
 /// What stands behind the handle of a font list: copies share it, so two handles of one table are the same font.
-const void* tableBehind(XmFontList font)
-{
-    return font ? *reinterpret_cast<const void* const*>(font) : nullptr;
-}
+const void* tableBehind(XmFontList font) { return font ? *reinterpret_cast<const void* const*>(font) : nullptr; }
 
 }   // namespace
 

@@ -20,8 +20,8 @@ void RowPainter::makeWindow()
 {
     Display* const server = display();
     XSetWindowAttributes wanted{.background_pixel = _widget->core.background_pixel, .event_mask = ExposureMask};
-    _window = XCreateWindow(server, XtWindowOfObject(reinterpret_cast<Widget>(_widget)), 0, 0, 1, 1, 0, CopyFromParent, InputOutput, CopyFromParent,
-                            CWBackPixel | CWEventMask, &wanted);
+    _window = XCreateWindow(server, XtWindowOfObject(reinterpret_cast<Widget>(_widget)), 0, 0, 1, 1, 0, CopyFromParent,
+                            InputOutput, CopyFromParent, CWBackPixel | CWEventMask, &wanted);
     XGCValues values{.graphics_exposures = False};
     _gc = XCreateGC(server, _window, GCGraphicsExposures, &values);
     resize();
@@ -39,15 +39,9 @@ void RowPainter::forgetWindow()
     _window = None;   // the server destroys it with the list's
 }
 
-int RowPainter::innerWidth() const
-{
-    return std::max(1, _widget->core.width - 2 * _widget->primitive.shadow_thickness);
-}
+int RowPainter::innerWidth() const { return std::max(1, _widget->core.width - 2 * _widget->primitive.shadow_thickness); }
 
-int RowPainter::innerHeight() const
-{
-    return std::max(1, _widget->core.height - 2 * _widget->primitive.shadow_thickness);
-}
+int RowPainter::innerHeight() const { return std::max(1, _widget->core.height - 2 * _widget->primitive.shadow_thickness); }
 
 void RowPainter::resize()
 {
@@ -164,8 +158,8 @@ void RowPainter::paintLabel(int row, const RowLook& look, const Area& area, int 
     const int height = style.font ? XmStringHeight(font, label) : list.InternalList[row]->height;
     const int width = std::max(1, area.x + area.width - x);
     XmStringDraw(display(), _window, font, label, _gc, static_cast<Position>(x),
-                 static_cast<Position>(area.y + (area.height - height) / 2), static_cast<Dimension>(width),
-                 XmALIGNMENT_BEGINNING, list.StrDir == XmSTRING_DIRECTION_R_TO_L ? XmRIGHT_TO_LEFT : XmLEFT_TO_RIGHT, nullptr);
+                 static_cast<Position>(area.y + (area.height - height) / 2), static_cast<Dimension>(width), XmALIGNMENT_BEGINNING,
+                 list.StrDir == XmSTRING_DIRECTION_R_TO_L ? XmRIGHT_TO_LEFT : XmLEFT_TO_RIGHT, nullptr);
 }
 
 RowPainter::Area RowPainter::cursorArea() const

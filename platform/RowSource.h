@@ -8,7 +8,7 @@ namespace lm {
 /// A row to be inserted. All pointers are borrowed for the time of the call that gets them.
 struct NewRow {
     XmString label = nullptr;
-    const char* text = nullptr;   ///< the label's text, when it is one line without tabs; saves measuring it
+    const char* text = nullptr;        ///< the label's text, when it is one line without tabs; saves measuring it
     const RowStyle* style = nullptr;   ///< null: plain
     int indent = 0;
     Pixmap icon = None;

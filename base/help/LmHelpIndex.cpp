@@ -34,7 +34,7 @@ void TextToMapfile(char* text)
 
 // --- the dialog --------------------------------------------------------------------------------------------------------
 
-static const String defaults[] = {lm::xtText("outline.visibleItemCount: 16"), lm::xtText("outline.width: 320"), nullptr};
+static const String defaults[] = {lm::xtText("outline.visibleItemCount: 16"), nullptr};
 
 LmHelpIndex::LmHelpIndex(const char* name) : LmGenericDialog(name)
 {
@@ -68,6 +68,7 @@ Widget LmHelpIndex::createDialog(Widget parent)
     _outline = new LmOutline("outline", dialog, True);
     if (OpenReadMapFile())
         XtAddCallback(_outline->listWidget(), XmNdefaultActionCallback, LmHelpSelectCallback, nullptr);
+    _outline->displayAll();   // before the dialog is shown: it is as wide as the topics
     return dialog;
 }
 

@@ -24,7 +24,7 @@ struct HelpSection;
 ///
 ///   Widgets    as LmGenericDialog, with an outline named "outline"; getTheHelpIndex() names the dialog "helpIndex".
 ///              The Cancel button says "Dismiss"
-///   Resources  "<name>*outline.visibleItemCount" Int 16 and "<name>*outline.width" Dimension 320, unless set otherwise
+///   Resources  "<name>*outline.visibleItemCount" Int 16
 ///   Others     as LmDialogManager
 ///   Errors     when neither map file can be opened the warning dialog says so; the outline is empty
 class LM_API LmHelpIndex : public LmGenericDialog {

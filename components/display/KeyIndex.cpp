@@ -11,15 +11,9 @@ namespace {
 
 constexpr std::uintptr_t OneOfSeveral = 1;
 
-LmOlNode* nodeIn(std::uintptr_t slot)
-{
-    return reinterpret_cast<LmOlNode*>(slot & ~OneOfSeveral);
-}
+LmOlNode* nodeIn(std::uintptr_t slot) { return reinterpret_cast<LmOlNode*>(slot & ~OneOfSeveral); }
 
-std::uint32_t hashOf(const char* key)
-{
-    return static_cast<std::uint32_t>(std::hash<std::string_view>()(key));
-}
+std::uint32_t hashOf(const char* key) { return static_cast<std::uint32_t>(std::hash<std::string_view>()(key)); }
 
 }   // namespace
 

@@ -30,10 +30,7 @@ XmString assembled(const Header& header, std::string_view text, const char* key)
     return reinterpret_cast<XmString>(block);
 }
 
-unsigned count(XmString string)
-{
-    return static_cast<unsigned char>(reinterpret_cast<const char*>(string)[CountByte]) & ~3U;
-}
+unsigned count(XmString string) { return static_cast<unsigned char>(reinterpret_cast<const char*>(string)[CountByte]) & ~3U; }
 
 /// Whether a string that we put together is in every way the one that Motif makes of the text.
 bool isMotifsOwn(const Header& header, const char* text)
@@ -73,10 +70,7 @@ LabelText makeLabel(const char* text, const char* key)
     return {.label = assembled(header, line, keyFollows ? ownKey : nullptr), .inOneBlock = true, .keyFollows = keyFollows};
 }
 
-const char* textOf(XmString label)
-{
-    return reinterpret_cast<const char*>(label) + HeaderSize;
-}
+const char* textOf(XmString label) { return reinterpret_cast<const char*>(label) + HeaderSize; }
 
 const char* keyOf(XmString label, bool keyFollows)
 {

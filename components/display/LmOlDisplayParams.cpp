@@ -37,7 +37,9 @@ Pixmap lightedIcon(Widget list, Pixel highlight)
 }   // namespace
 
 LmOlDisplayParams::LmOlDisplayParams(Widget list)
-    : _widget(list), _display(XtDisplay(list)), _sets(std::make_unique<Set[]>(MaxSets)),
+    : _widget(list),
+      _display(XtDisplay(list)),
+      _sets(std::make_unique<Set[]>(MaxSets)),
       _openPixmap(_display, LmCreateXPMPixmap(list, lm::openIcon, nullptr))
 {
     Set& plain = _sets[0];
@@ -66,32 +68,14 @@ int LmOlDisplayParams::setAttributeSet(Pixel foreground, Pixel background, Pixel
     return _nSets++;
 }
 
-Pixel LmOlDisplayParams::foreground(int i) const
-{
-    return _sets[place(i)].style.foreground;
-}
+Pixel LmOlDisplayParams::foreground(int i) const { return _sets[place(i)].style.foreground; }
 
-Pixel LmOlDisplayParams::background(int i) const
-{
-    return _sets[place(i)].style.background;
-}
+Pixel LmOlDisplayParams::background(int i) const { return _sets[place(i)].style.background; }
 
-XmFontList LmOlDisplayParams::font(int i) const
-{
-    return _sets[place(i)].style.font;
-}
+XmFontList LmOlDisplayParams::font(int i) const { return _sets[place(i)].style.font; }
 
-Pixmap LmOlDisplayParams::closedPixmap(int i) const
-{
-    return _sets[place(i)].closedPixmap.get();
-}
+Pixmap LmOlDisplayParams::closedPixmap(int i) const { return _sets[place(i)].closedPixmap.get(); }
 
-GC LmOlDisplayParams::gc(int i) const
-{
-    return _sets[place(i)].gc;
-}
+GC LmOlDisplayParams::gc(int i) const { return _sets[place(i)].gc; }
 
-const lm::RowStyle& LmOlDisplayParams::style(int i) const
-{
-    return _sets[place(i)].style;
-}
+const lm::RowStyle& LmOlDisplayParams::style(int i) const { return _sets[place(i)].style; }

@@ -81,7 +81,12 @@ LmOlNode::LmOlNode(char* name) : LmOlNode(name, name, nullptr) {}
 LmOlNode::LmOlNode(char* name, void* hook) : LmOlNode(name, name, hook) {}
 
 LmOlNode::LmOlNode(char* name, char* key, void* hook)
-    : _branch(&emptyBranch()), _open(true), _shown(false), _attached(false), _inOneBlock(false), _keyFollows(false)
+    : _branch(&emptyBranch()),
+      _open(true),
+      _shown(false),
+      _attached(false),
+      _inOneBlock(false),
+      _keyFollows(false)
 {
     const lm::LabelText made = lm::makeLabel(name, key);
     _name = made.label;
@@ -131,10 +136,7 @@ lm::OlBranch& LmOlNode::ownBranch()
     return *_branch;
 }
 
-char* LmOlNode::key() const
-{
-    return _inOneBlock ? const_cast<char*>(lm::keyOf(_name, _keyFollows)) : _branch->key.get();
-}
+char* LmOlNode::key() const { return _inOneBlock ? const_cast<char*>(lm::keyOf(_name, _keyFollows)) : _branch->key.get(); }
 
 /// Leaves the place among the parent's children; the row that the list shows stays.
 void LmOlNode::becomeFree()
@@ -153,25 +155,13 @@ void LmOlNode::setParent(LmOlNode* parent)
     _parent = parent;
 }
 
-LmOlNode* LmOlNode::child(int i) const
-{
-    return _branch->tidyChildren()[static_cast<std::size_t>(i)];
-}
+LmOlNode* LmOlNode::child(int i) const { return _branch->tidyChildren()[static_cast<std::size_t>(i)]; }
 
-int LmOlNode::nchild() const
-{
-    return _branch->size();
-}
+int LmOlNode::nchild() const { return _branch->size(); }
 
-void* LmOlNode::getHook() const
-{
-    return _branch->hook;
-}
+void* LmOlNode::getHook() const { return _branch->hook; }
 
-void LmOlNode::setHook(void* hook)
-{
-    ownBranch().hook = hook;
-}
+void LmOlNode::setHook(void* hook) { ownBranch().hook = hook; }
 
 namespace {
 
@@ -207,8 +197,8 @@ void LmOlNode::removeChild(LmOlNode* child)
         return;
     lm::OlBranch& branch = *_branch;
     const bool isOurs = child->_attached && child->_parent == this;
-    const auto place = isOurs ? branch.children.begin() + child->_place
-                              : std::find(branch.children.begin(), branch.children.end(), child);
+    const auto place =
+        isOurs ? branch.children.begin() + child->_place : std::find(branch.children.begin(), branch.children.end(), child);
     if (place == branch.children.end())
         return;
     ++lm::OutlineSteps::edits;
@@ -236,10 +226,7 @@ void lm::OlBranch::closeGaps()
     gaps = 0;
 }
 
-int LmOlNode::maxChildAttrIndex() const
-{
-    return _branch->childAttrMask == 0 ? 0 : std::bit_width(_branch->childAttrMask) - 1;
-}
+int LmOlNode::maxChildAttrIndex() const { return _branch->childAttrMask == 0 ? 0 : std::bit_width(_branch->childAttrMask) - 1; }
 
 int LmOlNode::setMaxChildAttrIndex(int i)
 {

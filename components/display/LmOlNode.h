@@ -119,8 +119,8 @@ private:
     // A tree may hold a hundred thousand nodes, most of them plain leaves: 32 bytes each.
     LmOlNode* _parent = nullptr;   // in a free node: the next free one
     XmString _name;
-    lm::OlBranch* _branch;         // children, hook and the like; plain leaves share an empty one
-    std::int32_t _place = 0;       // among the parent's children; the row itself when there is no such parent
+    lm::OlBranch* _branch;     // children, hook and the like; plain leaves share an empty one
+    std::int32_t _place = 0;   // among the parent's children; the row itself when there is no such parent
     std::int16_t _attrIndex = 0;
     bool _open : 1;
     bool _shown : 1;

@@ -54,15 +54,9 @@ void LmOutline::makeRoot()
 
 // --- finding ---------------------------------------------------------------------------------------------------------
 
-LmOlNode* LmOutline::nodeAt(int position, int* level)
-{
-    return position > 0 ? _root->getNodeAt(position, level) : nullptr;
-}
+LmOlNode* LmOutline::nodeAt(int position, int* level) { return position > 0 ? _root->getNodeAt(position, level) : nullptr; }
 
-LmOlNode* LmOutline::nodeAtPath(char** path) const
-{
-    return _root->pathToNode(path);
-}
+LmOlNode* LmOutline::nodeAtPath(char** path) const { return _root->pathToNode(path); }
 
 LmOlNode* LmOutline::nodeWithKey(const char* key)
 {
@@ -86,10 +80,7 @@ void LmOutline::indexWholeTree()
     _editsSeen = lm::OutlineSteps::edits;
 }
 
-bool LmOutline::isTopLevel(const LmOlNode* node) const
-{
-    return node->getParent() == _root.get();
-}
+bool LmOutline::isTopLevel(const LmOlNode* node) const { return node->getParent() == _root.get(); }
 
 // --- building --------------------------------------------------------------------------------------------------------
 
@@ -187,10 +178,7 @@ void LmOutline::processTabs(char** labels, int n)
 
 // --- showing ---------------------------------------------------------------------------------------------------------
 
-void LmOutline::setUpdate(Boolean on)
-{
-    XtVaSetValues(_list, XtNupdate, on, nullptr);
-}
+void LmOutline::setUpdate(Boolean on) { XtVaSetValues(_list, XtNupdate, on, nullptr); }
 
 void LmOutline::clearRows()
 {
@@ -217,10 +205,7 @@ void LmOutline::reset()
     clearRows();
 }
 
-void LmOutline::printTree()
-{
-    _root->print(0);
-}
+void LmOutline::printTree() { _root->print(0); }
 
 void LmOutline::activateCallback(Widget, XtPointer clientData, XtPointer callData) noexcept
 {
@@ -339,10 +324,7 @@ void LmOutline::highlight(int position, int attr)
         node->highlight(attr, _params.get());
 }
 
-void LmOutline::unhighlight(int attr)
-{
-    _root->unhighlight(attr, _params.get());
-}
+void LmOutline::unhighlight(int attr) { _root->unhighlight(attr, _params.get()); }
 
 void LmOutline::walkAllKeywords(void* clientData, void (*fn)(void*, LmOlNode*))
 {

@@ -31,10 +31,7 @@ void LmOutlineASB::setAnnotation(int attr, Boolean on)
         _annotate[attr] = on;
 }
 
-bool LmOutlineASB::isBarRealized() const
-{
-    return _scrollBar && XtIsRealized(_scrollBar);
-}
+bool LmOutlineASB::isBarRealized() const { return _scrollBar && XtIsRealized(_scrollBar); }
 
 void LmOutlineASB::redisplayBar()
 {
@@ -130,7 +127,8 @@ void LmOutlineASB::paintAsbPixmap(const SvTroughCallbackStruct& trough)
         GC gc = params()->gc(set);
         const bool isThereAlready = set == lastSet && y == lastY;   // thousands of rows may share a pixel
         if (gc && !isThereAlready && trough.width > 5 && height > 0)
-            XFillRectangle(display, trough.pixmap, gc, 2, y, static_cast<unsigned>(trough.width - 5), static_cast<unsigned>(height));
+            XFillRectangle(display, trough.pixmap, gc, 2, y, static_cast<unsigned>(trough.width - 5),
+                           static_cast<unsigned>(height));
         lastSet = set;
         lastY = y;
         if (autoScrollPos == 0)

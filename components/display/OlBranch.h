@@ -30,7 +30,7 @@ struct OlBranch {
     std::unique_ptr<KeyIndex> index;   // of the children by key, once there are many and somebody asked
     void* hook = nullptr;
     unsigned childAttrMask = 1;
-    CString key;                       // when it is not in the label's block
+    CString key;   // when it is not in the label's block
 
 private:
     void closeGaps();

@@ -1,19 +1,16 @@
 // The rows of an outline's nodes: their numbers, and what the list shows of them.
+#include "LabelText.h"
 #include "LmOlDisplayParams.h"
 #include "LmOlNode.h"
 #include "LmScrolledList.h"
 #include "OlBranch.h"
-#include "LabelText.h"
 #include "platform/RowSource.h"
 
 #include <array>
 
 // --- numbers ---------------------------------------------------------------------------------------------------------
 
-int LmOlNode::rowOfParent() const
-{
-    return _parent ? _parent->whereDisplayed() : 0;
-}
+int LmOlNode::rowOfParent() const { return _parent ? _parent->whereDisplayed() : 0; }
 
 int LmOlNode::whereDisplayed() const
 {
@@ -233,10 +230,7 @@ int countOpen(const LmOlNode& start)
 
 }   // namespace
 
-const char* lm::OutlineSteps::lineOf(const LmOlNode& node)
-{
-    return node._inOneBlock ? textOf(node._name) : nullptr;
-}
+const char* lm::OutlineSteps::lineOf(const LmOlNode& node) { return node._inOneBlock ? textOf(node._name) : nullptr; }
 
 void LmOlNode::display(int level, LmOlDisplayParams* params)
 {
