@@ -66,6 +66,17 @@ Boolean setValues(Widget before, Widget, Widget w, ArgList, Cardinal*) noexcept
     return False;
 }
 
+XtResource callbackResource(const char* name, std::size_t offset)
+{
+    return {lm::xtText(name),
+            lm::xtText(XmCCallback),
+            lm::xtText(XtRCallback),
+            sizeof(XtCallbackList),
+            static_cast<Cardinal>(offset),
+            lm::xtText(XtRImmediate),
+            nullptr};
+}
+
 XtResource resources[] = {
     {lm::xtText("showIcons"), lm::xtText("ShowIcons"), lm::xtText(XtRBoolean), sizeof(Boolean),
      static_cast<Cardinal>(offsetof(ScrolledListRec, scrolledList.showIcons)), lm::xtText(XtRImmediate),
@@ -73,8 +84,8 @@ XtResource resources[] = {
     {lm::xtText(XtNupdate), lm::xtText("Update"), lm::xtText(XtRBoolean), sizeof(Boolean),
      static_cast<Cardinal>(offsetof(ScrolledListRec, scrolledList.update)), lm::xtText(XtRImmediate),
      reinterpret_cast<XtPointer>(True)},
-    {lm::xtText(XmNactivateCallback), lm::xtText(XmCCallback), lm::xtText(XtRCallback), sizeof(XtCallbackList),
-     static_cast<Cardinal>(offsetof(ScrolledListRec, scrolledList.activateCallback)), lm::xtText(XtRImmediate), nullptr},
+    callbackResource(XmNactivateCallback, offsetof(ScrolledListRec, scrolledList.activateCallback)),
+    callbackResource(XtNunrealizeCallback, offsetof(ScrolledListRec, scrolledList.unrealizeCallback)),
 };
 
 struct ScrolledListClassRec {
@@ -179,6 +190,18 @@ void LmListSetPositionIcon(Widget list, int position, Pixmap icon)
 {
     if (RowList* rows = rowsWith(list, position))
         rows->setIcon(position, icon);
+}
+
+int LmListGetPositionIndent(Widget list, int position)
+{
+    const RowList* rows = rowsWith(list, position);
+    return rows ? rows->lookAt(position).indent : 0;
+}
+
+Pixmap LmListGetPositionIcon(Widget list, int position)
+{
+    const RowList* rows = rowsWith(list, position);
+    return rows ? rows->lookAt(position).icon : None;
 }
 
 void LmListDeletePos(Widget list, int position) { LmListDeleteItemsPos(list, 1, position); }

@@ -40,6 +40,10 @@ LM_API void LmListSetPositionAttributes(Widget list, int position, XmFontList fo
 /// shown; one of depth 1 is drawn in the row's colours. An id that is no pixmap shows nothing. Its size is asked for once.
 LM_API void LmListSetPositionIcon(Widget list, int position, Pixmap icon);
 
+/// What was set: 0 and None for a plain row, and for one that does not exist.
+LM_API int LmListGetPositionIndent(Widget list, int position);
+LM_API Pixmap LmListGetPositionIcon(Widget list, int position);
+
 /// Removes one row, `count` rows from `position` on (fewer when the list ends), or all rows.
 LM_API void LmListDeletePos(Widget list, int position);
 LM_API void LmListDeleteItemsPos(Widget list, int count, int position);

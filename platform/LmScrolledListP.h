@@ -13,7 +13,8 @@ struct ScrolledListPart {
     Boolean showIcons;
     Boolean update;
     XtCallbackList activateCallback;
-    RowList* rows;   // owned: Xt makes and frees the record as plain memory
+    XtCallbackList unrealizeCallback;   // Xt runs it for classes that declare it
+    RowList* rows;                      // owned: Xt makes and frees the record as plain memory
 };
 
 struct ScrolledListRec {

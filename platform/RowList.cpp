@@ -149,14 +149,14 @@ void RowList::setLook(int position, const RowLook& look)
 
 void RowList::setIndent(int position, int pixels)
 {
-    RowLook look = _looks.look(lookNumber(*list().InternalList[position - 1]));
+    RowLook look = lookAt(position);
     look.indent = std::clamp(pixels, 0, SHRT_MAX);
     setLook(position, look);
 }
 
 void RowList::setStyle(int position, const RowStyle* style)
 {
-    RowLook look = _looks.look(lookNumber(*list().InternalList[position - 1]));
+    RowLook look = lookAt(position);
     look.style = style ? _looks.number(*style) : 0;
     fitHeight();
     setLook(position, look);
@@ -164,7 +164,7 @@ void RowList::setStyle(int position, const RowStyle* style)
 
 void RowList::setIcon(int position, Pixmap icon)
 {
-    RowLook look = _looks.look(lookNumber(*list().InternalList[position - 1]));
+    RowLook look = lookAt(position);
     look.icon = icon;
     _looks.size(icon);
     fitHeight();
@@ -290,10 +290,14 @@ void RowList::insertDirectly(int position, int count, RowSource& source)
 {
     const LabelSizes& measure = sizes();
     const int first = position - 1;
-    openGap(list(), first, count - 1);
     NewRow row;
+    source.next(row);
+    lookOf(row);
+    fitColumn();   // here it costs nothing; most trees show their widest icon in the first row
+    openGap(list(), first, count - 1);
     for (int i = 0; i < count - 1; ++i) {
-        source.next(row);
+        if (i > 0)
+            source.next(row);
         const int number = lookOf(row);
         const LabelSize size = measure.of(row.label, row.text);
         fillRow(list(), first + i,

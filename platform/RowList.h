@@ -33,6 +33,7 @@ public:
     void remove(int position, int count);
     void removeAll();
 
+    const RowLook& lookAt(int position) const { return _looks.look(lookNumber(*list().InternalList[position - 1])); }
     void setIndent(int position, int pixels);
     /// A null style is the list's own.
     void setStyle(int position, const RowStyle* style);

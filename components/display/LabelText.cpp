@@ -2,6 +2,7 @@
 
 #include "support/handles.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <string_view>
@@ -56,6 +57,14 @@ Header motifsHeader()
     return isMotifsOwn(header, "x") && isMotifsOwn(header, "A label, and its \xc3\xa4") ? header : Header{};
 }
 
+/// Newlines and tabs make Motif cut the text into several parts.
+bool isShortLine(std::string_view text)
+{
+    if (text.empty() || text.size() > LongestText)
+        return false;
+    return std::none_of(text.begin(), text.end(), [](char c) { return c == '\n' || c == '\t'; });
+}
+
 }   // namespace
 
 LabelText makeLabel(const char* text, const char* key)
@@ -63,8 +72,7 @@ LabelText makeLabel(const char* text, const char* key)
     static const Header header = motifsHeader();
     const std::string_view line = text ? text : "";
     const char* ownKey = key ? key : "";
-    const bool isShortLine = line.size() <= LongestText && line.find_first_of("\n\t") == std::string_view::npos;
-    if (header == Header{} || !isShortLine || line.empty())
+    if (header == Header{} || !isShortLine(line))
         return {.label = XmStringCreateLocalized(const_cast<char*>(line.data()))};
     const bool keyFollows = line != ownKey;
     return {.label = assembled(header, line, keyFollows ? ownKey : nullptr), .inOneBlock = true, .keyFollows = keyFollows};

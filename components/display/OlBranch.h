@@ -42,6 +42,8 @@ struct OutlineSteps {
     static int hideDescendants(LmOlNode& node);
     /// The shown nodes behind the node and its descendants moved by so many rows.
     static void moveRowsBehind(LmOlNode& node, int by);
+    /// How many descendants stand below open nodes only.
+    static int countOpen(const LmOlNode& node);
     /// Shows the descendants below open nodes, whose rows follow the counter of rows.
     static void displayChildren(LmOlNode& node, int level, const LmOlDisplayParams& params);
     /// The row of the i-th child of a node whose own row is given, 0 when it is not shown.

@@ -210,34 +210,34 @@ private:
     const LmOlDisplayParams& _params;
 };
 
-/// The descendants below open nodes.
-int countOpen(const LmOlNode& start)
+}   // namespace
+
+const char* lm::OutlineSteps::lineOf(const LmOlNode& node) { return node._inOneBlock ? textOf(node._name) : nullptr; }
+
+int lm::OutlineSteps::countOpen(const LmOlNode& start)
 {
     int count = 0;
     std::vector<const LmOlNode*> waiting{&start};
     while (!waiting.empty()) {
         const LmOlNode* node = waiting.back();
         waiting.pop_back();
-        if (!node->isOpen())
+        if (!node->_open)
             continue;
-        count += node->nchild();
-        for (int i = 0; i < node->nchild(); ++i)
-            if (node->child(i)->nchild() > 0)
-                waiting.push_back(node->child(i));
+        const std::vector<LmOlNode*>& children = node->_branch->tidyChildren();
+        count += static_cast<int>(children.size());
+        for (const LmOlNode* child : children)
+            if (!child->_branch->children.empty())
+                waiting.push_back(child);
     }
     return count;
 }
-
-}   // namespace
-
-const char* lm::OutlineSteps::lineOf(const LmOlNode& node) { return node._inOneBlock ? textOf(node._name) : nullptr; }
 
 void LmOlNode::display(int level, LmOlDisplayParams* params)
 {
     if (level == 0)   // the root is never seen
         return lm::OutlineSteps::displayChildren(*this, level, *params);
     SubtreeRows rows(this, level, *params);
-    lm::insertRows(params->widget(), _itemCount + 1, 1 + countOpen(*this), rows);
+    lm::insertRows(params->widget(), _itemCount + 1, 1 + lm::OutlineSteps::countOpen(*this), rows);
 }
 
 void lm::OutlineSteps::displayChildren(LmOlNode& node, int level, const LmOlDisplayParams& params)
