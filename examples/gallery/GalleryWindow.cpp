@@ -3,7 +3,9 @@
 #include "ChartPage.h"
 #include "ConsolePage.h"
 #include "DialogPage.h"
+#include "GraphPage.h"
 #include "MenuPage.h"
+#include "OutlinePage.h"
 #include "PreferencePage.h"
 #include "SearchPage.h"
 #include "TabPage.h"
@@ -93,6 +95,8 @@ void GalleryWindow::addPages()
     _pages.push_back(std::make_unique<ChartPage>(_deck));
     _pages.push_back(std::make_unique<ConsolePage>(_deck));
     _pages.push_back(std::make_unique<TabPage>(_deck));
+    _pages.push_back(std::make_unique<OutlinePage>(_deck));
+    _pages.push_back(std::make_unique<GraphPage>(_deck));
     for (const auto& page : _pages) {
         const lm::XmText title(XmStringCreateLocalized(lm::xtText(page->title())));
         XmListAddItemUnselected(_list, title.get(), 0);

@@ -30,7 +30,10 @@ struct Keys : std::vector<char*> {
 };
 
 struct OutlineOnScreen : OnScreen {
-    std::unique_ptr<LmOutline> make(Boolean policy = XmCONSTANT) { return std::make_unique<LmOutline>("outline", shell(), policy); }
+    std::unique_ptr<LmOutline> make(Boolean policy = XmCONSTANT)
+    {
+        return std::make_unique<LmOutline>("outline", shell(), policy);
+    }
 };
 
 std::string row(LmOutline& outline, int position)
@@ -313,8 +316,8 @@ TEST_F(OutlineOnScreen, TheListIsAnXmListToWhoeverLooks)
     Dimension width = 0, height = 0;
     XtVaGetValues(list, XmNlistSpacing, &spacing, nullptr);
     XtVaGetValues(outline->baseWidget(), XmNwidth, &width, XmNheight, &height, nullptr);
-    Widget other = XtVaCreatePopupShell("other", topLevelShellWidgetClass, app().baseWidget(), XmNwidth, width, XmNheight, height,
-                                        nullptr);
+    Widget other =
+        XtVaCreatePopupShell("other", topLevelShellWidgetClass, app().baseWidget(), XmNwidth, width, XmNheight, height, nullptr);
     Arg args[] = {{const_cast<char*>(XmNlistSizePolicy), XmCONSTANT},
                   {const_cast<char*>(XmNlistSpacing), static_cast<XtArgVal>(spacing)}};
     Widget plain = XmCreateScrolledList(other, const_cast<char*>("plain"), args, 2);
@@ -345,8 +348,10 @@ TEST_F(OutlineOnScreen, TheListIsAnXmListToWhoeverLooks)
             Widget bar = nullptr;
             XtVaGetValues(w, XmNtopItemPosition, &tops[index], XmNvisibleItemCount, &visible[index], nullptr);
             XtVaGetValues(XtParent(w), XmNverticalScrollBar, &bar, nullptr);
-            XtVaGetValues(bar, XmNvalue, &values[index][0], XmNmaximum, &values[index][1], XmNsliderSize, &values[index][2], nullptr);
-            EXPECT_TRUE(XmListPosToBounds(w, tops[index], &places[index][0], &places[index][1], &sizes[index][0], &sizes[index][1]));
+            XtVaGetValues(bar, XmNvalue, &values[index][0], XmNmaximum, &values[index][1], XmNsliderSize, &values[index][2],
+                          nullptr);
+            EXPECT_TRUE(
+                XmListPosToBounds(w, tops[index], &places[index][0], &places[index][1], &sizes[index][0], &sizes[index][1]));
             const int probe = 1 + step * 7 % rows(*outline);
             EXPECT_EQ(XmListItemPos(w, items[probe - 1]), probe);
             int* matches = nullptr;
@@ -415,7 +420,7 @@ TEST_F(OutlineOnScreen, RowsAppendedWhileUpdatesAreOffAreTrueAtOnceAndSurviveOth
     EXPECT_EQ(XmListItemPos(list, string(999).get()), 1000);
     LmListSetPositionIcon(list, 3, icon);
     LmListSetPositionIcon(list, 2000, icon);
-    XmListDeletePos(list, 1);                          // an ordinary call
+    XmListDeletePos(list, 1);   // an ordinary call
     XmListAddItemUnselected(list, string(5000).get(), 1);
     XtVaSetValues(list, XtNupdate, True, nullptr);
     settle();
