@@ -66,10 +66,11 @@ void _LmSmartHelpCallback(Widget w, XtPointer, XtPointer callData) noexcept
     if (!target)
         return;
     std::string key = XtName(target);
+    const auto putInFront = [&key](Widget above) { key.insert(0, ".").insert(0, XtName(above)); };
     Widget above = XtParent(target);
     for (; above && above != w; above = XtParent(above))
-        key = std::string(XtName(above)) + "." + key;
+        putInFront(above);
     if (above)
-        key = std::string(XtName(above)) + "." + key;
+        putInFront(above);
     lm::requestHelp(std::move(key), 0, above);
 }
