@@ -10,7 +10,7 @@ packages = @scripts/install-packages
 build = @cmake --build build/$(1) --parallel $(JOBS)
 tests = ctest --preset $(1) -j $(JOBS) --no-tests=error
 
-.PHONY: help demo test check format tidy sanitize bench install deb uninstall clean
+.PHONY: help demo test check format tidy sanitize fuzz bench install deb uninstall clean
 help: ## lists the targets
 	@sed -n 's/^\([a-z]*\):.*## /make \1	/p' Makefile
 
@@ -50,6 +50,12 @@ tidy: ## clang-tidy over the library
 	@$(MAKE) -s --no-print-directory build/check-clang/configured
 	@find support geometry platform base utils process components -name '*.cpp' -print0 | \
 	    xargs -0 -r -n 4 -P $(JOBS) clang-tidy -p build/check-clang --quiet --warnings-as-errors='*'
+
+fuzz: ## random inputs for everything that reads files, a minute for each target
+	$(packages) build check
+	@$(MAKE) -s --no-print-directory build/fuzz/configured
+	@cmake --build build/fuzz --parallel $(JOBS) --target fuzz_targets
+	@scripts/fuzz build/fuzz
 
 bench: ## the measurements of bench/
 	$(packages) build test bench

@@ -4,6 +4,7 @@
 #include "LmComponentList.h"
 #include "LmCursorList.h"
 #include "LmFormat.h"
+#include "LmLocateHighlight.h"
 #include "LmResource.h"
 #include "LmSimpleWindow.h"
 #include "LmWidgetTools.h"
@@ -256,6 +257,8 @@ void LmApp::afterRealizeHook() {}
 
 void LmApp::run()
 {
+    if (_baseWidget && lm::asInt(LmGetResource(_baseWidget, "locateHighlight", "LocateHighlight", XtRBoolean, "FALSE")) != 0)
+        LmSetupLocateHighlight();
     _iconic = False;
     afterRealizeHook();
     for (;;)

@@ -50,7 +50,8 @@ public:
     void hide() override;
     void afterRealizeHook() override;
 
-    /// The event loop: never returns. Runs afterRealizeHook() first. Events that no widget takes go to handleRawEvent().
+    /// The event loop: never returns. Sets up locate highlighting when the resource asks for it (LmSetupLocateHighlight()) and
+    /// runs afterRealizeHook() first. Events that no widget takes go to handleRawEvent().
     virtual void run();
     /// Ends the process with that exit status. An override that returns keeps the program alive.
     virtual void terminate(int status);

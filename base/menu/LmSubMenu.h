@@ -49,9 +49,11 @@ protected:
     lm::WorkProcHandle _workProcId;   ///< empty unless the pane waits to be filled
     int _tearOff = -1;                ///< 1 and 0 as showTearOff() said, -1 as resources say
 
+    /// Fills the pane now, should it still wait.
+    void completeBuild();
+
 private:
     friend class LmMenuItem;   // completes what waits
-    void completeBuild();
     Boolean fill(int milliseconds);
     void leaveWorkProcList();
     void createPane(Widget parent);

@@ -1,6 +1,7 @@
 #include "ApplicationPage.h"
 
 #include <Lm/LmApp.h>
+#include <Lm/LmWindow.h>
 #include <Lm/support/xt.h>
 
 #include <Xm/Form.h>
@@ -9,10 +10,10 @@
 #include <Xm/TextF.h>
 #include <Xm/ToggleB.h>
 
-/// A second window, without anything of its own.
-class SmallWindow : public LmSimpleWindow {
+/// A second window, with nothing but help in its menu bar.
+class SmallWindow : public LmWindow {
 public:
-    SmallWindow() : LmSimpleWindow("small") {}
+    SmallWindow() : LmWindow("small") { setMenuBar(static_cast<LmMenuDesc*>(nullptr)); }
     Widget setUpInterface(Widget parent) override { return row::label("smallText", parent); }
 };
 

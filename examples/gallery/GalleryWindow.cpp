@@ -11,6 +11,8 @@
 #include "TabPage.h"
 
 #include <Lm/LmApp.h>
+#include <Lm/LmContextHelp.h>
+#include <Lm/LmHelpPane.h>
 #include <Lm/LmMenuBar.h>
 #include <Lm/LmMenuToggle.h>
 #include <Lm/LmMenuUndoManager.h>
@@ -23,6 +25,14 @@
 #include <Xm/ToggleBG.h>
 
 static constexpr int margin = 10;
+
+/// Puts "Click for Help" before the entries that the help pane will add.
+static void addContextHelp(LmMenuBar& bar)
+{
+    bar.addHelpPane();
+    LmHelpPane* pane = bar.helpPane();
+    pane->addAction("helpOnContextMenuItem", LmHelpPane::contextCallback, pane);
+}
 
 GalleryWindow::GalleryWindow() : LmWindow("gallery")
 {
@@ -45,12 +55,14 @@ GalleryWindow::GalleryWindow() : LmWindow("gallery")
     // clang-format on
     setMenuBar(barTable);
     static_cast<LmSubMenu*>(menu()->findNamedItem("editMenu", false, false))->add(getTheUndoManager(), 0);
+    addContextHelp(*menu());
     for (const char* toggle : {"frameSheet", "listPages"})
         static_cast<LmMenuToggle*>(menu()->findNamedItem(toggle, false, true))->setVisualState(true);
 }
 
 Widget GalleryWindow::setUpInterface(Widget parent)
 {
+    XtAddCallback(parent, XmNhelpCallback, _LmSmartHelpCallback, nullptr);   // F1, and what is picked for help
     Widget form = XtVaCreateWidget("form", xmFormWidgetClass, parent, XmNmarginWidth, margin, XmNmarginHeight, margin, nullptr);
     Arg place[] = {{lm::xtText(XmNtopAttachment), XmATTACH_FORM},
                    {lm::xtText(XmNbottomAttachment), XmATTACH_FORM},

@@ -16,13 +16,9 @@
 #include <Lm/LmPrefToggle.h>
 #include <Lm/LmSimpleWindow.h>
 
-/// The sheet, with its items: what the user may choose.
-class GalleryPreferences : public LmPrefDialog {
+/// The items of the sheet: made before the dialog, which registers with the sheet.
+class PreferenceItems {
 public:
-    GalleryPreferences();
-
-    Widget createDialog(Widget parent) override;
-
     LmPrefText title{"prefTitle", 24};
     LmPrefOption heads{"prefHeads", 3};                 // the colour of page heads
     LmPrefToggle askAtClose{"prefAskAtClose", false};   // ask before the window closes
@@ -31,7 +27,7 @@ public:
     LmPrefToggle stoppableBusy{"prefStoppableBusy", false};
     LmPrefText author{"prefAuthor", 16};
 
-private:
+protected:
     LmPrefLabel _text{"prefText"};
     LmPrefSeparator _line{"prefLine"};
     LmPrefEmpty _gap;
@@ -41,6 +37,14 @@ private:
     LmPrefGroup _person{"prefPerson", false, true};
     LmPrefGroup _general{"prefGeneral", false, true};
     LmPrefList _sheet{"prefSheet"};
+};
+
+/// The sheet, with its items: what the user may choose.
+class GalleryPreferences : public PreferenceItems, public LmPrefDialog {
+public:
+    GalleryPreferences();
+
+    Widget createDialog(Widget parent) override;
 };
 
 class PreferencePage : public Page {

@@ -1,6 +1,7 @@
 // gallery: every part of Lumora on a page of its own.
 //   gallery [-pictures FOLDER]    with a folder: writes a picture of every page there, and ends
 #include "GalleryWindow.h"
+#include "Help.h"
 #include "Pictures.h"
 
 #include <Lm/LmApp.h>
@@ -11,6 +12,7 @@ int main(int argc, char** argv)
 {
     XrmOptionDescRec options[] = {{lm::xtText("-pictures"), lm::xtText(".pictures"), XrmoptionSepArg, nullptr}};
     LmApp app("Gallery", &argc, argv, options, 1);
+    installHelp();
     auto* window = new GalleryWindow;   // deletes itself when it is closed
     window->show();
     if (const char* folder = LmGetResource("pictures", "Pictures"))

@@ -55,7 +55,7 @@ TEST(SchemesModel, TextStandsOutFromEveryGroundAndNoTopShadowIsItsGround)
             EXPECT_GE(contrast(colors[text], colors[ground]), scheme == "LumoraHighContrast" ? 7 : 4.5)
                 << scheme << ": " << ground;
         };
-        for (const std::string ground : {"background", "armColor", "troughColor", "XmMenuShell*background"}) {
+        for (const std::string ground : {"background", "armColor", "buttonHighlight", "troughColor", "XmMenuShell*background"}) {
             expectLegible("foreground", ground);
             EXPECT_NE(colors["topShadowColor"], colors[ground]) << scheme << ": Motif draws such a shadow dotted";
         }
@@ -66,6 +66,7 @@ TEST(SchemesModel, TextStandsOutFromEveryGroundAndNoTopShadowIsItsGround)
             EXPECT_NE(colors[field + ".topShadowColor"], colors[field + ".background"]) << scheme << ' ' << field;
         }
         expectLegible("XmList.foreground", "XmList.selectColor");
+        EXPECT_EQ(colors["buttonBackground"], colors["background"]) << scheme << ": the pointer leaves it behind";
         EXPECT_GE(contrast(colors["highlightColor"], colors["background"]), 3) << scheme << ": the focus";
     }
 }
