@@ -78,7 +78,8 @@ class CellFinder {
 public:
     explicit CellFinder(const GridShape& shape)
     {
-        const bool onlyRows = shape.numRows > 0 && shape.numColumns <= 0, onlyColumns = shape.numColumns > 0 && shape.numRows <= 0;
+        const bool onlyRows = shape.numRows > 0 && shape.numColumns <= 0,
+                   onlyColumns = shape.numColumns > 0 && shape.numRows <= 0;
         _byRows = onlyColumns || (!onlyRows && shape.horizontal);
         const int limit = _byRows ? shape.numColumns : shape.numRows;
         _limit = limit > 0 ? limit : INT_MAX;
@@ -143,7 +144,7 @@ static void findCells(const GridShape& shape, std::vector<GridItem>& items)
 // --- the grid ----------------------------------------------------------------------------------------------------------
 
 /// The tracks of one direction: `track` is the child's row or column, `length` its height or width.
-static GridLine lineOf(const std::vector<GridItem>& items, int GridItem::* track, int GridItem::* length,
+static GridLine lineOf(const std::vector<GridItem>& items, int GridItem::*track, int GridItem::*length,
                        const std::vector<GridTrack>& tracks, int spacing, int margin)
 {
     int count = 0;
@@ -178,7 +179,10 @@ GridLayout::GridLayout(const GridShape& shape, std::vector<GridItem> items) : _i
 }
 
 /// -1 at the start of a cell, 0 in its middle, 1 at its end. The nine gravities count row by row.
-static int sideAcross(int gravity) { return gravity < NorthWestGravity || gravity > SouthEastGravity ? 0 : (gravity - 1) % 3 - 1; }
+static int sideAcross(int gravity)
+{
+    return gravity < NorthWestGravity || gravity > SouthEastGravity ? 0 : (gravity - 1) % 3 - 1;
+}
 static int sideDown(int gravity) { return gravity < NorthWestGravity || gravity > SouthEastGravity ? 0 : (gravity - 1) / 3 - 1; }
 
 /// A child's place in its track.
@@ -196,7 +200,8 @@ std::vector<Rect> GridLayout::places(int width, int height) const
     for (const GridItem& item : _items) {
         const auto [x, w] =
             within(columns[static_cast<std::size_t>(item.column)], item.width, item.fillsWidth, sideAcross(item.gravity));
-        const auto [y, h] = within(rows[static_cast<std::size_t>(item.row)], item.height, item.fillsHeight, sideDown(item.gravity));
+        const auto [y, h] =
+            within(rows[static_cast<std::size_t>(item.row)], item.height, item.fillsHeight, sideDown(item.gravity));
         places.push_back({x, y, w, h});
     }
     return places;
@@ -223,8 +228,8 @@ SpringLayout::SpringLayout(bool horizontal, int spacing, int marginWidth, int ma
 GridLine::Stretch SpringLayout::across(const SpringItem& item, int room) const
 {
     const int margin = _horizontal ? _marginHeight : _marginWidth, size = std::max(_horizontal ? item.height : item.width, 1);
-    const std::vector<int> weights = _horizontal ? std::vector{item.top, item.vertical, item.bottom}
-                                                 : std::vector{item.left, item.horizontal, item.right};
+    const std::vector<int> weights =
+        _horizontal ? std::vector{item.top, item.vertical, item.bottom} : std::vector{item.left, item.horizontal, item.right};
     return GridLine{{margin, 0, 0}, {0, size, 0}, weights, margin}.arrange(room)[1];
 }
 

@@ -22,11 +22,11 @@ struct GridTrack {
 
 /// What the children lie in.
 struct GridShape {
-    int numRows = 0, numColumns = 0;       ///< as children without a cell of their own fill them; 0: as many as needed
-    bool horizontal = true;                ///< such children follow each other along the rows
-    int spacing = 0;                       ///< between two tracks that have no margin of their own
+    int numRows = 0, numColumns = 0;   ///< as children without a cell of their own fill them; 0: as many as needed
+    bool horizontal = true;            ///< such children follow each other along the rows
+    int spacing = 0;                   ///< between two tracks that have no margin of their own
     int marginWidth = 0, marginHeight = 0;
-    std::vector<GridTrack> rows, columns;  ///< tracks beyond are as a GridTrack is made
+    std::vector<GridTrack> rows, columns;   ///< tracks beyond are as a GridTrack is made
 };
 
 /// One child: the cell and the size it would like.

@@ -11,8 +11,8 @@ int snapped(int distance, int increment);
 
 /// A widget, without its highlight border, and the frame that stands out around it.
 struct ResizeFrame {
-    Rect area;    ///< what the frame shows of the widget, at least 1 wide and high
-    Rect frame;   ///< the area and `inset` more on each side
+    Rect area;               ///< what the frame shows of the widget, at least 1 wide and high
+    Rect frame;              ///< the area and `inset` more on each side
     bool oversize = false;   ///< the widget is wider or higher than its parent
 
     /// The frame of a widget: shrunk at the right and the bottom where it would leave the parent.

@@ -183,8 +183,8 @@ Boolean constraintSetValues(Widget old, Widget, Widget child, ArgList, Cardinal*
     const GridConstraintPart& was = constraintOf(old);
     GridConstraintPart& own = constraintOf(child);
     const auto laidBy = [](const GridConstraintPart& c) {
-        return std::vector<int>{c.row,  c.column, c.gravity, c.fillsWidth, c.fillsHeight, c.left, c.right,
-                                c.top, c.bottom, c.horizontal, c.vertical};
+        return std::vector<int>{c.row,   c.column, c.gravity, c.fillsWidth, c.fillsHeight, c.left,
+                                c.right, c.top,    c.bottom,  c.horizontal, c.vertical};
     };
     if (laidBy(was) == laidBy(own) || !XtIsManaged(child) || !XtIsRealized(XtParent(child)))
         return False;
@@ -214,16 +214,13 @@ Boolean convertGravity(Display* display, XrmValue* args, Cardinal* count, XrmVal
 
 const char* const gravityType = "XmGridGravity";
 
-void classInitialize()
-{
-    XtSetTypeConverter(XtRString, gravityType, convertGravity, nullptr, 0, XtCacheNone, nullptr);
-}
+void classInitialize() { XtSetTypeConverter(XtRString, gravityType, convertGravity, nullptr, 0, XtCacheNone, nullptr); }
 
 // --- resources ---------------------------------------------------------------------------------------------------------
 
 XtResource entry(const char* name, const char* cls, const char* type, std::size_t size, std::size_t offset, const char* value)
 {
-    return {lm::xtText(name), lm::xtText(cls), lm::xtText(type), static_cast<Cardinal>(size), static_cast<Cardinal>(offset),
+    return {lm::xtText(name), lm::xtText(cls),  lm::xtText(type), static_cast<Cardinal>(size), static_cast<Cardinal>(offset),
             XtRString,        lm::xtText(value)};
 }
 
@@ -246,7 +243,8 @@ XtResource cellConstraints[] = {
     ownInt("row", "Row", offsetof(GridConstraintRec, grid.row), "-1"),
     ownInt("column", "Column", offsetof(GridConstraintRec, grid.column), "-1"),
     entry("gravity", "Gravity", gravityType, sizeof(int), offsetof(GridConstraintRec, grid.gravity), "5"),
-    entry("resizeHorizontal", "ResizeHorizontal", XtRBoolean, sizeof(Boolean), offsetof(GridConstraintRec, grid.fillsWidth), "True"),
+    entry("resizeHorizontal", "ResizeHorizontal", XtRBoolean, sizeof(Boolean), offsetof(GridConstraintRec, grid.fillsWidth),
+          "True"),
     entry("resizeVertical", "ResizeVertical", XtRBoolean, sizeof(Boolean), offsetof(GridConstraintRec, grid.fillsHeight), "True"),
 };
 
@@ -281,7 +279,8 @@ GridClassRec classRecord(WidgetClass superclass, const char* name, XtResource* c
     core.tm_table = XtInheritTranslations;
     core.query_geometry = XtInheritQueryGeometry;
     core.display_accelerator = XtInheritDisplayAccelerator;
-    record.composite_class = {XtInheritGeometryManager, XtInheritChangeManaged, XtInheritInsertChild, XtInheritDeleteChild, nullptr};
+    record.composite_class = {XtInheritGeometryManager, XtInheritChangeManaged, XtInheritInsertChild, XtInheritDeleteChild,
+                              nullptr};
     record.constraint_class.resources = constraints;
     record.constraint_class.num_resources = count;
     record.constraint_class.constraint_size = sizeof(GridConstraintRec);
@@ -314,8 +313,8 @@ GridClassRec gridClass()
 }
 
 GridClassRec gridClassRecord = gridClass();
-GridClassRec springBoxClassRecord = classRecord(reinterpret_cast<WidgetClass>(&gridClassRecord), "XmSpringBox",
-                                                springConstraints, XtNumber(springConstraints));
+GridClassRec springBoxClassRecord =
+    classRecord(reinterpret_cast<WidgetClass>(&gridClassRecord), "XmSpringBox", springConstraints, XtNumber(springConstraints));
 
 constexpr const char* dialogGrid = "dialogGrid";
 constexpr const char* gridOnly[] = {"numRows", "numColumns", "defaultSpacing", "orientation", "autoLayout"};
@@ -328,7 +327,7 @@ Widget gridOf(Widget w)
     return w;
 }
 
-void setTrack(Widget w, std::vector<lm::GridTrack>* GridPart::* tracks, int index, int lm::GridTrack::* property, int value)
+void setTrack(Widget w, std::vector<lm::GridTrack>* GridPart::*tracks, int index, int lm::GridTrack::*property, int value)
 {
     Widget grid = gridOf(w);
     if (!grid || index < 0 || index >= lm::GridLayout::maxTracks)
@@ -361,7 +360,8 @@ Widget XmCreateGridDialog(Widget parent, char* name, ArgList args, Cardinal coun
     Widget form = XmCreateFormDialog(parent, name, args, count);
     std::vector<Arg> own;
     std::copy_if(args, args + count, std::back_inserter(own), [](const Arg& arg) {
-        return std::any_of(std::begin(gridOnly), std::end(gridOnly), [&](const char* n) { return std::strcmp(n, arg.name) == 0; });
+        return std::any_of(std::begin(gridOnly), std::end(gridOnly),
+                           [&](const char* n) { return std::strcmp(n, arg.name) == 0; });
     });
     for (const char* side : {XmNtopAttachment, XmNbottomAttachment, XmNleftAttachment, XmNrightAttachment})
         own.push_back({lm::xtText(side), XmATTACH_FORM});
@@ -369,10 +369,7 @@ Widget XmCreateGridDialog(Widget parent, char* name, ArgList args, Cardinal coun
     return form;
 }
 
-Widget XmGridOfDialog(Widget dialog)
-{
-    return dialog && XmIsForm(dialog) ? XtNameToWidget(dialog, dialogGrid) : nullptr;
-}
+Widget XmGridOfDialog(Widget dialog) { return dialog && XmIsForm(dialog) ? XtNameToWidget(dialog, dialogGrid) : nullptr; }
 
 void XmGridSetRowResizability(Widget grid, int row, int weight)
 {
@@ -384,7 +381,10 @@ void XmGridSetColumnResizability(Widget grid, int column, int weight)
     setTrack(grid, &GridPart::columns, column, &lm::GridTrack::weight, weight);
 }
 
-void XmGridSetRowMargin(Widget grid, int row, int margin) { setTrack(grid, &GridPart::rows, row, &lm::GridTrack::margin, margin); }
+void XmGridSetRowMargin(Widget grid, int row, int margin)
+{
+    setTrack(grid, &GridPart::rows, row, &lm::GridTrack::margin, margin);
+}
 
 void XmGridSetColumnMargin(Widget grid, int column, int margin)
 {

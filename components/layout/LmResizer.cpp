@@ -30,9 +30,10 @@ struct LmResizer::Drag {
 };
 
 LmResizer::LmResizer(char autoAdjust, char liveResize)
-    : _autoAdjust(autoAdjust != 0), _liveResize(liveResize != 0), _drag(std::make_unique<Drag>())
-{
-}
+    : _autoAdjust(autoAdjust != 0),
+      _liveResize(liveResize != 0),
+      _drag(std::make_unique<Drag>())
+{}
 
 LmResizer::~LmResizer()
 {
@@ -139,9 +140,9 @@ void LmResizer::partDestroyed(Widget w, XtPointer clientData, XtPointer) noexcep
 void LmResizer::makeParts()
 {
     const auto grip = [this](const char* name) {
-        Widget made = XtVaCreateWidget(name, xmBulletinBoardWidgetClass, _parent, XmNmarginWidth, 0, XmNmarginHeight, 0, XmNwidth,
-                                       gripSize, XmNheight, gripSize, XmNshadowThickness, gripShadowThickness, XmNshadowType,
-                                       XmSHADOW_OUT, nullptr);
+        Widget made =
+            XtVaCreateWidget(name, xmBulletinBoardWidgetClass, _parent, XmNmarginWidth, 0, XmNmarginHeight, 0, XmNwidth, gripSize,
+                             XmNheight, gripSize, XmNshadowThickness, gripShadowThickness, XmNshadowType, XmSHADOW_OUT, nullptr);
         XtAddEventHandler(made, ButtonPressMask, False, button_press, this);
         XtAddEventHandler(made, ButtonReleaseMask, False, button_release, this);
         return made;
@@ -216,9 +217,8 @@ void LmResizer::rebuild(Widget w)
     Pixel background = 0;
     XtVaGetValues(_parent, XmNbackground, &_parentBackground, nullptr);
     XtVaGetValues(w, XmNhighlightThickness, &highlight, XmNforeground, &_widgetForeground, XmNbackground, &background, nullptr);
-    const auto [area, frame, oversize] =
-        lm::ResizeFrame::around({w->core.x, w->core.y, w->core.width, w->core.height}, highlight, _parent->core.width,
-                                _parent->core.height, inset);
+    const auto [area, frame, oversize] = lm::ResizeFrame::around({w->core.x, w->core.y, w->core.width, w->core.height}, highlight,
+                                                                 _parent->core.width, _parent->core.height, inset);
     _oversize = oversize;
     _drag->frame.frame = frame;
     colourParts(background == _parentBackground ? _widgetForeground : background);
@@ -327,9 +327,9 @@ bool LmResizer::beginGrab(Widget grip, XEvent* event)
     defineCursors();
     const lm::CursorHandle& corner = grip == _gripUR ? _upperRightCursor : _lowerLeftCursor;
     Widget parent = XtParent(grip);
-    const int status = XtGrabPointer(parent, False, ButtonReleaseMask | PointerMotionMask, GrabModeAsync, GrabModeSync,
-                                     XtWindow(parent), event->xbutton.button == Button1 ? corner.get() : _moveCursor.get(),
-                                     event->xbutton.time);
+    const int status =
+        XtGrabPointer(parent, False, ButtonReleaseMask | PointerMotionMask, GrabModeAsync, GrabModeSync, XtWindow(parent),
+                      event->xbutton.button == Button1 ? corner.get() : _moveCursor.get(), event->xbutton.time);
     if (status != GrabSuccess)
         return false;
     _grabWidget = parent;
@@ -354,7 +354,8 @@ void LmResizer::buttonPress(Widget grip, XEvent* event)
     const unsigned button = event->xbutton.button;
     const bool resizes = button == Button1 && (_xResizeIncrement || _yResizeIncrement);
     const bool moves = button == Button2 && (_xMoveIncrement || _yMoveIncrement);
-    if (_grabWidget || !usable(_baseWidget) || !usable(_parent) || !partsExist() || (!resizes && !moves) || !beginGrab(grip, event))
+    if (_grabWidget || !usable(_baseWidget) || !usable(_parent) || !partsExist() || (!resizes && !moves) ||
+        !beginGrab(grip, event))
         return;
     _dragButton = static_cast<int>(button);
     _drag->pressed = widgetGeometry();

@@ -9,7 +9,7 @@
 
 namespace lm {
 struct Rect;
-}
+}   // namespace lm
 
 /// Surrounds one widget with an etched frame that has a grip at its upper right and its lower left corner. Button 1 on a
 /// grip resizes, button 2 moves, in steps if wanted. The frame follows the pointer, and the widget when the button goes up;

@@ -35,8 +35,8 @@ struct ResizerOnScreen : OnScreen {
     }
     static Widget newBoard(Widget parent)
     {
-        return XtVaCreateManagedWidget("board", xmBulletinBoardWidgetClass, parent, XmNwidth, 400, XmNheight, 300, XmNresizePolicy,
-                                       XmRESIZE_NONE, nullptr);
+        return XtVaCreateManagedWidget("board", xmBulletinBoardWidgetClass, parent, XmNwidth, 400, XmNheight, 300,
+                                       XmNresizePolicy, XmRESIZE_NONE, nullptr);
     }
     static Widget newWidget(Widget parent)
     {
@@ -159,13 +159,16 @@ TEST_F(ResizerOnScreen, HoweverADragEndsPointerAndKeyboardAreFreeAfterwards)
     using End = void (*)(ResizerOnScreen&, std::unique_ptr<LmResizer>&);
     const End ends[] = {[](ResizerOnScreen& t, auto&) { XtDestroyWidget(t.widget); },
                         [](ResizerOnScreen& t, auto&) { XtDestroyWidget(t.board); },
-                        [](ResizerOnScreen& t, auto&) { XtDestroyWidget(t.part("Frame")); release(); },
+                        [](ResizerOnScreen& t, auto&) {
+                            XtDestroyWidget(t.part("Frame"));
+                            release();
+                        },
                         [](ResizerOnScreen& t, auto&) { XtUnmanageChild(t.board); },
                         [](ResizerOnScreen&, auto& resizer) { resizer->detach(); },
                         [](ResizerOnScreen&, auto& resizer) { resizer.reset(); },
                         [](ResizerOnScreen& t, auto& resizer) {
-                            resizer->addCallback(LmResizer::stateChangedCallback,
-                                [](LmCallbackObject* r, void*, void*) { delete r; }, nullptr);
+                            resizer->addCallback(
+                                LmResizer::stateChangedCallback, [](LmCallbackObject* r, void*, void*) { delete r; }, nullptr);
                             pointAt(t.board, 200, 50);
                             resizer.release();
                         }};

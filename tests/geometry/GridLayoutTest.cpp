@@ -21,14 +21,18 @@ bool overlap(const lm::Rect& a, const lm::Rect& b)
     return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height;
 }
 
-std::vector<lm::GridItem> children(int count) { return std::vector<lm::GridItem>(static_cast<std::size_t>(count), {-1, -1, 30, 10}); }
+std::vector<lm::GridItem> children(int count)
+{
+    return std::vector<lm::GridItem>(static_cast<std::size_t>(count), {-1, -1, 30, 10});
+}
 
 }   // namespace
 
 TEST(GridGeometry, RoomToSpareIsSharedByWeightsAndFixedTracksShrinkLast)
 {
     lm::GridShape shape{.spacing = 4, .rows = {{0}, {100}}, .columns = {{60}, {40, 10}}};
-    const lm::GridLayout grid(shape, {{0, 0, 50, 20}, {0, 1, 30, 10}, {1, 0, 40, 30}, {1, 1, 30, 30, false, false, SouthGravity}});
+    const lm::GridLayout grid(shape,
+                              {{0, 0, 50, 20}, {0, 1, 30, 10}, {1, 0, 40, 30}, {1, 1, 30, 30, false, false, SouthGravity}});
     EXPECT_EQ(grid.naturalWidth(), 100);   // 50 + 10 + 30 + 10
     EXPECT_EQ(grid.naturalHeight(), 54);
     EXPECT_EQ(asText(grid.places(100, 54)), "50x20+0+0 30x20+60+0 50x30+0+24 30x30+60+24");
@@ -63,7 +67,8 @@ TEST(GridGeometry, ChildrenWithoutACellFillTheNextThatIsFree)
 
 TEST(GridGeometry, SpringsShareWhatIsToSpareAndNothingEverOverlaps)
 {
-    lm::SpringItem stretched{.width = 60, .height = 50, .left = 0, .right = 0, .top = 0, .bottom = 0, .horizontal = 100, .vertical = 100};
+    lm::SpringItem stretched{
+        .width = 60, .height = 50, .left = 0, .right = 0, .top = 0, .bottom = 0, .horizontal = 100, .vertical = 100};
     lm::SpringItem toggle{.width = 40, .height = 22, .top = 5, .bottom = 5};
     const lm::SpringLayout box(false, 4, 1, 2, {stretched, toggle});
     EXPECT_EQ(box.naturalWidth(), 62);
@@ -83,7 +88,8 @@ TEST(GridGeometry, SpringsShareWhatIsToSpareAndNothingEverOverlaps)
             items.push_back({-1, -1, 1 + upTo(80), 1 + upTo(80), upTo(2) == 0, upTo(2) == 0, upTo(11)});
             springs.push_back({1 + upTo(80), 1 + upTo(80), upTo(9), upTo(9), upTo(9), upTo(9), upTo(9), upTo(9)});
         }
-        const lm::GridLayout grid({.numColumns = 3, .spacing = upTo(5), .rows = {{upTo(3)}}, .columns = {{upTo(3)}, {upTo(3)}}}, items);
+        const lm::GridLayout grid({.numColumns = 3, .spacing = upTo(5), .rows = {{upTo(3)}}, .columns = {{upTo(3)}, {upTo(3)}}},
+                                  items);
         const lm::SpringLayout line(upTo(2) == 0, upTo(5), 0, 0, springs);
         const int width = 1 + upTo(600), height = 1 + upTo(600);
         for (const auto& places : {grid.places(width, height), line.places(width, height)}) {

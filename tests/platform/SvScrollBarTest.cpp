@@ -2,8 +2,8 @@
 
 #include "SvScrollBar.h"
 
-#include <Xm/Xm.h>
 #include <Xm/ScrollBar.h>
+#include <Xm/Xm.h>
 
 using namespace lmtest;
 
@@ -68,8 +68,8 @@ TEST_F(SvScrollBarOnScreen, MarksStandInTheTroughAndStayThereBehindTheSlider)
 
     ASSERT_EQ(painter.calls.size(), 1u);
     const SvTroughCallbackStruct data = painter.calls[0];
-    EXPECT_EQ(data.width, 16);    // 20 less two shadows of 2
-    EXPECT_EQ(data.height, 202);  // 240 less two shadows and two arrows of 16 with a pixel beside each
+    EXPECT_EQ(data.width, 16);     // 20 less two shadows of 2
+    EXPECT_EQ(data.height, 202);   // 240 less two shadows and two arrows of 16 with a pixel beside each
     EXPECT_EQ(data.rows, 200);
     EXPECT_EQ(data.unused, 0);
     EXPECT_EQ(pixelCount(w, painter.colour), 10);

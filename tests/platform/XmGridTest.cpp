@@ -88,7 +88,8 @@ TEST_F(GridOnScreen, GadgetsAreDrawnPressedAndTraversed)
     Widget gadgets[] = {XmCreatePushButtonGadget(box, lm::xtText("one"), nullptr, 0),
                         XmCreatePushButtonGadget(box, lm::xtText("two"), nullptr, 0)};
     int pressed = 0;
-    XtAddCallback(gadgets[1], XmNactivateCallback, [](Widget, XtPointer n, XtPointer) { ++*static_cast<int*>(n); }, &pressed);
+    XtAddCallback(
+        gadgets[1], XmNactivateCallback, [](Widget, XtPointer n, XtPointer) { ++*static_cast<int*>(n); }, &pressed);
     XtManageChildren(gadgets, 2);
     Holder holder(box);
     show(holder, 300, 100);
@@ -99,7 +100,8 @@ TEST_F(GridOnScreen, GadgetsAreDrawnPressedAndTraversed)
     key(XK_Right);
     key(XK_space);
     EXPECT_EQ(pressed, 2);
-    XtAddCallback(gadgets[0], XmNactivateCallback, [](Widget w, XtPointer, XtPointer) { XtDestroyWidget(XtParent(w)); }, nullptr);
+    XtAddCallback(
+        gadgets[0], XmNactivateCallback, [](Widget w, XtPointer, XtPointer) { XtDestroyWidget(XtParent(w)); }, nullptr);
     click(gadgets[0]);
     EXPECT_EQ(childNamed(shell(), "box"), nullptr);
     holder.widgetDestroyed();
@@ -143,7 +145,7 @@ TEST_F(GridOnScreen, AThousandChildrenWaitForTheirLayoutUntilItIsAskedFor)
         labels.push_back(XtVaCreateManagedWidget("x", xmLabelGadgetClass, grid, nullptr));
     EXPECT_EQ(labels[999]->core.x, 0);
     XtVaSetValues(grid, "autoLayout", True, nullptr);
-EXPECT_GT(labels[999]->core.x, labels[998]->core.x);
+    EXPECT_GT(labels[999]->core.x, labels[998]->core.x);
     XtVaSetValues(labels[0], XmNlabelString, lm::compound("something longer").get(), nullptr);
     EXPECT_GT(labels[1]->core.x, labels[2]->core.width * 2);
     XtVaSetValues(grid, "autoLayout", False, nullptr);
