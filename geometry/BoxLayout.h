@@ -29,7 +29,8 @@ BoxShape boxShape(int width, int height, int stepX, int stepY);
 
 /// Where a board goes after a layout, so that something of it is seen: a place along the scrolling direction of the other
 /// layout is kept in cells.
-Point keptBoardPlace(bool tall, Point board, int boardWidth, int boardHeight, int viewWidth, int viewHeight, int stepX, int stepY);
+Point keptBoardPlace(bool tall, Point board, int boardWidth, int boardHeight, int viewWidth, int viewHeight, int stepX,
+                     int stepY);
 
 /// The places on the way from one coordinate to another, a tenth of the distance each but at least 1, and the end itself.
 std::vector<int> scrollSteps(int from, int to);

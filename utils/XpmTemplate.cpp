@@ -14,7 +14,7 @@ constexpr int maxSide = 32767;   // of anything that X draws
 constexpr int maxColors = 65536;
 constexpr int maxPerPixel = 8;
 
-constexpr std::size_t valueStart = 4;    // of "X c #rrggbb"
+constexpr std::size_t valueStart = 4;   // of "X c #rrggbb"
 constexpr std::size_t valueLength = 7;
 
 bool isBlank(char c) { return c == ' ' || c == '\t'; }

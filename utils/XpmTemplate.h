@@ -12,10 +12,10 @@ namespace lm {
 
 /// What the first line of XPM data announces: that many colour lines follow, then `height` lines of pixels.
 struct XpmHeader {
-    int width = 0;     ///< in pixels, 1 to 32767
-    int height = 0;    ///< in pixels, 1 to 32767
-    int colors = 0;    ///< 1 to 65536
-    int perPixel = 0;  ///< characters per pixel, 1 to 8
+    int width = 0;      ///< in pixels, 1 to 32767
+    int height = 0;     ///< in pixels, 1 to 32767
+    int colors = 0;     ///< 1 to 65536
+    int perPixel = 0;   ///< characters per pixel, 1 to 8
 
     bool operator==(const XpmHeader&) const = default;
 };

@@ -20,8 +20,7 @@ static constexpr int specialOffset = 7;   // around the special widget, pixels
 
 // --- making it ---------------------------------------------------------------------------------------------------------
 
-LmScrolledBox::LmScrolledBox(const char* name, Widget parent)
-    : LmComponent(name), _children(std::make_unique<LmWidgetList>())
+LmScrolledBox::LmScrolledBox(const char* name, Widget parent) : LmComponent(name), _children(std::make_unique<LmWidgetList>())
 {
     makeForms(parent);
     makeArrows();
@@ -37,7 +36,8 @@ void LmScrolledBox::makeForms(Widget parent)
         XtAppAddActions(context, actions, std::size(actions));
     XtTranslations unSelectAll = XtParseTranslationTable("#override <Btn1Down>: UnSelectAll()");
 
-    _w = _topForm = XtVaCreateManagedWidget(LmComponent::name(), xmFormWidgetClass, parent, XmNuserData, this, XmNresizePolicy, XmRESIZE_NONE, nullptr);
+    _w = _topForm = XtVaCreateManagedWidget(LmComponent::name(), xmFormWidgetClass, parent, XmNuserData, this, XmNresizePolicy,
+                                            XmRESIZE_NONE, nullptr);
     installDestroyHandler();
     LmComponent* self = this;
     XtResource table[] = {
@@ -51,7 +51,8 @@ void LmScrolledBox::makeForms(Widget parent)
 
     _frame = XtVaCreateManagedWidget("frame", xmFrameWidgetClass, _topForm, XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment,
                                      XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, nullptr);
-    _innerForm = XtVaCreateManagedWidget("form", xmFormWidgetClass, _frame, XmNuserData, this, XmNresizePolicy, XmRESIZE_NONE, nullptr);
+    _innerForm =
+        XtVaCreateManagedWidget("form", xmFormWidgetClass, _frame, XmNuserData, this, XmNresizePolicy, XmRESIZE_NONE, nullptr);
     XtOverrideTranslations(_topForm, unSelectAll);
     XtOverrideTranslations(_innerForm, unSelectAll);
 }
@@ -65,22 +66,24 @@ Widget LmScrolledBox::makeArrow(const char* name, Widget grid, unsigned char dir
 
 void LmScrolledBox::makeArrows()
 {
-    _horizArrows = XtVaCreateWidget("horizArrows", xmGridWidgetClass, _innerForm, "numRows", 2, "defaultSpacing", 0, XmNtopAttachment,
-                                    XmATTACH_FORM, XmNbottomAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, nullptr);
+    _horizArrows =
+        XtVaCreateWidget("horizArrows", xmGridWidgetClass, _innerForm, "numRows", 2, "defaultSpacing", 0, XmNtopAttachment,
+                         XmATTACH_FORM, XmNbottomAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, nullptr);
     _arrowRight = makeArrow("arrowRight", _horizArrows, XmARROW_RIGHT, upArrowCallback);
     _arrowLeft = makeArrow("arrowLeft", _horizArrows, XmARROW_LEFT, downArrowCallback);
-    _vertArrows = XtVaCreateWidget("vertArrows", xmGridWidgetClass, _innerForm, XmNnumColumns, 2, "defaultSpacing", 0,
-                                   XmNbottomAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNleftAttachment,
-                                   XmATTACH_FORM, nullptr);
+    _vertArrows =
+        XtVaCreateWidget("vertArrows", xmGridWidgetClass, _innerForm, XmNnumColumns, 2, "defaultSpacing", 0, XmNbottomAttachment,
+                         XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, nullptr);
     _arrowUp = makeArrow("arrowUp", _vertArrows, XmARROW_DOWN, upArrowCallback);
     _arrowDown = makeArrow("arrowDown", _vertArrows, XmARROW_UP, downArrowCallback);
 }
 
 void LmScrolledBox::makeViewport()
 {
-    _viewport = XtVaCreateManagedWidget("viewport", xmDrawingAreaWidgetClass, _innerForm, XmNtopAttachment, XmATTACH_FORM,
-                                        XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment,
-                                        XmATTACH_FORM, XmNmarginWidth, 0, XmNmarginHeight, 0, XmNresizePolicy, XmRESIZE_NONE, nullptr);
+    _viewport =
+        XtVaCreateManagedWidget("viewport", xmDrawingAreaWidgetClass, _innerForm, XmNtopAttachment, XmATTACH_FORM,
+                                XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment,
+                                XmATTACH_FORM, XmNmarginWidth, 0, XmNmarginHeight, 0, XmNresizePolicy, XmRESIZE_NONE, nullptr);
     _board = XtVaCreateManagedWidget("Bboard", xmDrawingAreaWidgetClass, _viewport, XmNuserData, this, XmNmarginWidth, _spacing,
                                      XmNmarginHeight, _spacing, XmNresizePolicy, XmRESIZE_ANY, XmNx, 0, XmNy, 0, nullptr);
     XtAddCallback(_viewport, XmNresizeCallback, resizeCallback, this);
@@ -102,8 +105,8 @@ LmScrolledBox::~LmScrolledBox()
 
 void LmScrolledBox::widgetDestroyed()
 {
-    for (Widget* w : {&_topForm, &_innerForm, &_frame, &_board, &_viewport, &_horizArrows, &_vertArrows, &_arrowLeft, &_arrowRight,
-                      &_arrowUp, &_arrowDown, &_special})
+    for (Widget* w : {&_topForm, &_innerForm, &_frame, &_board, &_viewport, &_horizArrows, &_vertArrows, &_arrowLeft,
+                      &_arrowRight, &_arrowUp, &_arrowDown, &_special})
         *w = nullptr;
     LmComponent::widgetDestroyed();
 }

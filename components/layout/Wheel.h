@@ -15,7 +15,8 @@ inline constexpr unsigned wheelUp = Button4, wheelDown = Button5;
 inline void grabWheel(Widget w)
 {
     for (const unsigned button : {wheelUp, wheelDown})
-        XtGrabButton(w, static_cast<int>(button), AnyModifier, False, ButtonPressMask | ButtonReleaseMask, GrabModeAsync, GrabModeAsync, None, None);
+        XtGrabButton(w, static_cast<int>(button), AnyModifier, False, ButtonPressMask | ButtonReleaseMask, GrabModeAsync,
+                     GrabModeAsync, None, None);
 }
 
 /// Which way a press turns the wheel: 1 down, -1 up; 0 for another button.

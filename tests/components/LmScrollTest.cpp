@@ -48,8 +48,8 @@ std::vector<Widget> fill(LmScrolledBox& box, int count, WidgetClass kind = xmLab
 {
     std::vector<Widget> children;
     for (int i = 0; i < count; ++i)
-        children.push_back(XtVaCreateManagedWidget("child", kind, box.board(), XmNwidth, 40, XmNheight, 30, XmNrecomputeSize, False,
-                                                   nullptr));
+        children.push_back(
+            XtVaCreateManagedWidget("child", kind, box.board(), XmNwidth, 40, XmNheight, 30, XmNrecomputeSize, False, nullptr));
     return children;
 }
 
@@ -66,7 +66,8 @@ TEST_F(ScrollOnScreen, AScrollMovesItsChildAndTellsWhatItDoes)
             static_cast<decltype(heard)*>(to)->push_back(*static_cast<LmScrollCallbackStruct*>(data));
         },
         &heard);
-    Widget child = XtVaCreateManagedWidget("child", xmDrawingAreaWidgetClass, scroll->clip(), XmNwidth, 100, XmNheight, 50, nullptr);
+    Widget child =
+        XtVaCreateManagedWidget("child", xmDrawingAreaWidgetClass, scroll->clip(), XmNwidth, 100, XmNheight, 50, nullptr);
     scroll->setChild(child);
     show(*scroll, 200, 104);
     ASSERT_GE(heard.size(), 2U);
@@ -109,7 +110,8 @@ TEST_F(ScrollOnScreen, AScrollMovesItsChildAndTellsWhatItDoes)
     scroll->setChild(XtVaCreateManagedWidget("child", xmDrawingAreaWidgetClass, scroll->clip(), XmNheight, 900, nullptr));
     settle();
     EXPECT_EQ(barOf(*scroll)[0], 900);
-    scroll->addCallback(LmScroll::scrollCallback, [](LmCallbackObject* s, void*, void*) { delete s; }, nullptr);
+    scroll->addCallback(
+        LmScroll::scrollCallback, [](LmCallbackObject* s, void*, void*) { delete s; }, nullptr);
     setSize(shell(), 200, 304);
     scroll.release();
     EXPECT_EQ(childNamed(shell(), "scroll"), nullptr);

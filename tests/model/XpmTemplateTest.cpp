@@ -35,17 +35,27 @@ TEST(XpmTemplateModel, BrokenDataIsRefused)
     const char* const dot = ". c #000000";
     const char* const plus = "+ c #000000";
     EXPECT_TRUE(recolored({"2 1 2 1", dot, plus, ".+"}));
-    for (const std::vector<const char*>& lines : std::initializer_list<std::vector<const char*>>{
-             {}, {"2 1 2 1"}, {"2 1 2 1", dot}, {"2 1 2 1", dot, plus}, {"2 2 2 1", dot, plus, ".+"},   // lines are missing
-             {"2 1 2 1", dot, plus, "."}, {"2 1 2 1", dot, "+ c #00000", ".+"},                        // short lines
-             {"2 1 2 1", dot, "+ c #00000g", ".+"}, {"2 1 2 1", dot, "+ c #000000000000", ".+"},       // other values
-             {"2 1 2 1", dot, "+ c None   ", ".+"}, {"2 1 2 1", dot, "++c #000000", ".+"}, {"2 1 2 1", dot, "+ s #000000", ".+"},
-             {"2 1 1 1", dot, ".+"}, {"2 1 3 1", dot, plus, plus, ".+"}, {"1 1 2 2", dot, plus, ".+"}})
+    for (const std::vector<const char*>& lines :
+         std::initializer_list<std::vector<const char*>>{{},
+                                                         {"2 1 2 1"},
+                                                         {"2 1 2 1", dot},
+                                                         {"2 1 2 1", dot, plus},
+                                                         {"2 2 2 1", dot, plus, ".+"},   // lines are missing
+                                                         {"2 1 2 1", dot, plus, "."},
+                                                         {"2 1 2 1", dot, "+ c #00000", ".+"},   // short lines
+                                                         {"2 1 2 1", dot, "+ c #00000g", ".+"},
+                                                         {"2 1 2 1", dot, "+ c #000000000000", ".+"},   // other values
+                                                         {"2 1 2 1", dot, "+ c None   ", ".+"},
+                                                         {"2 1 2 1", dot, "++c #000000", ".+"},
+                                                         {"2 1 2 1", dot, "+ s #000000", ".+"},
+                                                         {"2 1 1 1", dot, ".+"},
+                                                         {"2 1 3 1", dot, plus, plus, ".+"},
+                                                         {"1 1 2 2", dot, plus, ".+"}})
         EXPECT_FALSE(recolored(lines)) << (lines.empty() ? "" : lines.back());
     EXPECT_FALSE(lm::recolorXpm(nullptr, shades));
 
     EXPECT_EQ(lm::parseXpmHeader(" 16\t17 300 2 1 1 XPMEXT"), (lm::XpmHeader{16, 17, 300, 2}));
-    for (const char* header : {"", "x", "16 16 2", "0 1 2 1", "1 -1 2 1", "1 1 99999 1", "40000 1 2 1", "1 1 2 9", "1 1 2x 1", "1 1 2 1x",
-                               "99999999999999999999 1 2 1", "1,1 2 1"})
+    for (const char* header : {"", "x", "16 16 2", "0 1 2 1", "1 -1 2 1", "1 1 99999 1", "40000 1 2 1", "1 1 2 9", "1 1 2x 1",
+                               "1 1 2 1x", "99999999999999999999 1 2 1", "1,1 2 1"})
         EXPECT_FALSE(lm::parseXpmHeader(header)) << header;
 }
