@@ -17,15 +17,16 @@ LmGang::LmGang(const char* name, Widget parent) : LmComponent(name)
     _w = XtVaCreateWidget(LmComponent::name(), xmSpringBoxWidgetClass, parent, XmNorientation, XmVERTICAL, nullptr);
     installDestroyHandler();
     makeGrid();
-    _gangToggle = XtVaCreateManagedWidget("gangToggle", xmToggleButtonWidgetClass, _w, "topSpring", 5, "bottomSpring", 5, XmNwidth, 88,
-                                          XmNheight, 22, nullptr);
+    _gangToggle = XtVaCreateManagedWidget("gangToggle", xmToggleButtonWidgetClass, _w, "topSpring", 5, "bottomSpring", 5,
+                                          XmNwidth, 88, XmNheight, 22, nullptr);
     XtAddCallback(_gangToggle, XmNvalueChangedCallback, toggleChanged, this);
 }
 
 void LmGang::makeGrid()
 {
-    _grid = XtVaCreateManagedWidget("grid", xmGridWidgetClass, _w, "numRows", 2, XmNnumColumns, 2, "leftSpring", 0, "rightSpring", 0,
-                                    "topSpring", 0, "bottomSpring", 0, "verticalSpring", 100, "horizontalSpring", 100, nullptr);
+    _grid =
+        XtVaCreateManagedWidget("grid", xmGridWidgetClass, _w, "numRows", 2, XmNnumColumns, 2, "leftSpring", 0, "rightSpring", 0,
+                                "topSpring", 0, "bottomSpring", 0, "verticalSpring", 100, "horizontalSpring", 100, nullptr);
     for (const int column : {0, 1})
         XmGridSetColumnResizability(_grid, column, 1);
     XmGridSetRowResizability(_grid, 0, 0);

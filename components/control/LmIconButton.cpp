@@ -62,8 +62,9 @@ LmIconButton::LmIconButton(const char* name, Widget parent, const char** normalX
 
     Look look;
     XmString label = nullptr;
-    XtVaGetValues(_w, XmNlabelString, &label, XmNfontList, &look.fonts, XmNforeground, &look.foreground, XmNbackground, &_background,
-                  XmNtopShadowColor, &look.topShadow, XmNbottomShadowColor, &look.bottomShadow, XmNarmColor, &look.armColor, nullptr);
+    XtVaGetValues(_w, XmNlabelString, &label, XmNfontList, &look.fonts, XmNforeground, &look.foreground, XmNbackground,
+                  &_background, XmNtopShadowColor, &look.topShadow, XmNbottomShadowColor, &look.bottomShadow, XmNarmColor,
+                  &look.armColor, nullptr);
     lm::XmText owner(label);
     iconSize(normalXpm, look.iconWidth, look.iconHeight);
     if (showLabel) {
@@ -93,7 +94,8 @@ lm::PixmapHandle LmIconButton::compose(const Look& look, const char** xpm, Pixel
     XSetForeground(display, gc.get(), background);
     XFillRectangle(display, picture.get(), gc.get(), 0, 0, look.width(), look.height());
 
-    const lm::PixmapHandle icon(display, CreateXPMPixmap(_w, xpm, look.foreground, background, look.bottomShadow, look.topShadow));
+    const lm::PixmapHandle icon(display,
+                                CreateXPMPixmap(_w, xpm, look.foreground, background, look.bottomShadow, look.topShadow));
     int iconWidth = 0, iconHeight = 0;
     iconSize(xpm, iconWidth, iconHeight);
     if (icon && depth == DefaultDepthOfScreen(XtScreen(_w)))   // icons have that depth, and a copy needs the same
@@ -119,8 +121,8 @@ LmIconButton::~LmIconButton()
     if (!_w)
         return;
     lm::offEvent<&LmIconButton::crossed>(_w, EnterWindowMask | LeaveWindowMask, this);
-    XtVaSetValues(_w, XmNlabelType, XmSTRING, XmNlabelPixmap, XmUNSPECIFIED_PIXMAP, XmNlabelInsensitivePixmap, XmUNSPECIFIED_PIXMAP,
-                  XmNarmPixmap, XmUNSPECIFIED_PIXMAP, nullptr);
+    XtVaSetValues(_w, XmNlabelType, XmSTRING, XmNlabelPixmap, XmUNSPECIFIED_PIXMAP, XmNlabelInsensitivePixmap,
+                  XmUNSPECIFIED_PIXMAP, XmNarmPixmap, XmUNSPECIFIED_PIXMAP, nullptr);
 }
 
 void LmIconButton::crossed(XEvent* event)

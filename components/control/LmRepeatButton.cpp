@@ -69,8 +69,8 @@ void LmRepeatButton::arm(XmAnyCallbackStruct* record)
 {
     note(record);
     disarm();
-    _initialTimer = lm::TimerHandle(
-        lm::after<&LmRepeatButton::initialDelayOver>(XtWidgetToApplicationContext(_w), static_cast<unsigned long>(_initialDelay), this));
+    _initialTimer = lm::TimerHandle(lm::after<&LmRepeatButton::initialDelayOver>(
+        XtWidgetToApplicationContext(_w), static_cast<unsigned long>(_initialDelay), this));
     act();
 }
 
@@ -102,8 +102,8 @@ void LmRepeatButton::doRepeat()
     XQueryPointer(XtDisplayOfObject(_w), RootWindowOfScreen(XtScreenOfObject(_w)), &root, &child, &rootX, &rootY, &x, &y, &state);
     if (!(state & Button1Mask))
         return;
-    _repeatTimer = lm::TimerHandle(
-        lm::after<&LmRepeatButton::repeatDelayOver>(XtWidgetToApplicationContext(_w), static_cast<unsigned long>(_repeatDelay), this));
+    _repeatTimer = lm::TimerHandle(lm::after<&LmRepeatButton::repeatDelayOver>(XtWidgetToApplicationContext(_w),
+                                                                               static_cast<unsigned long>(_repeatDelay), this));
     act();
 }
 

@@ -2,9 +2,13 @@
 
 #include "ChartPage.h"
 #include "ConsolePage.h"
+#include "ControlPage.h"
 #include "DialogPage.h"
+#include "GridPage.h"
 #include "MenuPage.h"
 #include "PreferencePage.h"
+#include "ResizerPage.h"
+#include "ScrollPage.h"
 #include "SearchPage.h"
 #include "TabPage.h"
 
@@ -81,6 +85,10 @@ void GalleryWindow::addPages()
     _pages.push_back(std::make_unique<ChartPage>(_deck));
     _pages.push_back(std::make_unique<ConsolePage>(_deck));
     _pages.push_back(std::make_unique<TabPage>(_deck));
+    _pages.push_back(std::make_unique<GridPage>(_deck));
+    _pages.push_back(std::make_unique<ResizerPage>(_deck));
+    _pages.push_back(std::make_unique<ScrollPage>(_deck));
+    _pages.push_back(std::make_unique<ControlPage>(_deck));
     for (const auto& page : _pages) {
         const lm::XmText title(XmStringCreateLocalized(lm::xtText(page->title())));
         XmListAddItemUnselected(_list, title.get(), 0);

@@ -31,7 +31,9 @@ struct Presses {
     {
         button.addCallback(
             LmRepeatButton::buttonCallback,
-            [](LmCallbackObject*, void* me, void* data) { static_cast<Presses*>(me)->add(*static_cast<LmRepeatButtonCallbackStruct*>(data)); },
+            [](LmCallbackObject*, void* me, void* data) {
+                static_cast<Presses*>(me)->add(*static_cast<LmRepeatButtonCallbackStruct*>(data));
+            },
             this);
     }
     void add(const LmRepeatButtonCallbackStruct& press)
@@ -59,8 +61,17 @@ Pixel colourOf(Widget w, const char* resource)
     return pixel;
 }
 
-const char* iconOf12x8[] = {"12 8 2 1", "x s fillcolor c #000000", ". s background c #ffffff", "xxxxxxxxxxxx", "x..........x",
-                            "x..........x", "x..........x", "x..........x", "x..........x", "x..........x", "xxxxxxxxxxxx"};
+const char* iconOf12x8[] = {"12 8 2 1",
+                            "x s fillcolor c #000000",
+                            ". s background c #ffffff",
+                            "xxxxxxxxxxxx",
+                            "x..........x",
+                            "x..........x",
+                            "x..........x",
+                            "x..........x",
+                            "x..........x",
+                            "x..........x",
+                            "xxxxxxxxxxxx"};
 
 }   // namespace
 
@@ -91,7 +102,8 @@ TEST_F(ControlsOnScreen, AHeldButtonRepeatsUntilItIsReleasedOrDies)
 
     press(gadget->baseWidget(), 5, 5);
     settleUntil([&] { return onGadget.times.size() == 2; });
-    gadget->addCallback(LmRepeatButton::buttonCallback, [](LmCallbackObject* b, void*, void*) { delete b; }, nullptr);
+    gadget->addCallback(
+        LmRepeatButton::buttonCallback, [](LmCallbackObject* b, void*, void*) { delete b; }, nullptr);
     const std::size_t before = onGadget.times.size();
     settleUntil([&] { return onGadget.times.size() > before; });
     gadget.release();
@@ -125,7 +137,8 @@ TEST_F(ControlsOnScreen, ABoxOfTogglesTellsWhichChanged)
     box->setValue(-1, True);
     EXPECT_EQ(heard.values, (std::vector{1, 1, 0, 1}));
     EXPECT_EQ(box->getValue(0) + box->getValue(1) + box->getValue(2), 2);
-    box->addCallback(LmCheckBox::itemChangedCallback, [](LmCallbackObject* x, void*, void*) { delete x; }, nullptr);
+    box->addCallback(
+        LmCheckBox::itemChangedCallback, [](LmCallbackObject* x, void*, void*) { delete x; }, nullptr);
     click(b);
     box.release();
     EXPECT_EQ(childNamed(shell(), "box"), nullptr);
@@ -170,8 +183,9 @@ TEST_F(ControlsOnScreen, AGangCouplesItsScalesWhileTheToggleIsOn)
     EXPECT_EQ(valueOf(gang.rightScale()), 3);
 
     click(toggle);
-    XtAddCallback(gang.leftScale(), XmNvalueChangedCallback, [](Widget, XtPointer w, XtPointer) { XtDestroyWidget(static_cast<Widget>(w)); },
-                  gang.rightScale());
+    XtAddCallback(
+        gang.leftScale(), XmNvalueChangedCallback,
+        [](Widget, XtPointer w, XtPointer) { XtDestroyWidget(static_cast<Widget>(w)); }, gang.rightScale());
     drag(bar, bar->core.width / 2, 100, bar->core.width / 2, 60);
     EXPECT_TRUE(gang.isGanged());
     destroyShell();
@@ -230,7 +244,8 @@ TEST_F(ControlsOnScreen, GroupsForgetMembersThatAreDestroyedInCallbacks)
     LmRadioGroup radio;
     LmAlignmentGroup aligned;
     for (Widget& button : buttons) {
-        button = XtVaCreateManagedWidget("button", &button == buttons ? xmToggleButtonWidgetClass : xmPushButtonWidgetClass, column, nullptr);
+        button = XtVaCreateManagedWidget("button", &button == buttons ? xmToggleButtonWidgetClass : xmPushButtonWidgetClass,
+                                         column, nullptr);
         radio.add(button);
         aligned.add(button);
     }
@@ -249,8 +264,9 @@ TEST_F(ControlsOnScreen, GroupsForgetMembersThatAreDestroyedInCallbacks)
     click(buttons[1]);
     EXPECT_EQ(radio.selected(), buttons[1]);
     EXPECT_EQ(radio.size(), 2);
-    XtAddCallback(buttons[2], XmNactivateCallback, [](Widget, XtPointer w, XtPointer) { XtDestroyWidget(static_cast<Widget>(w)); },
-                  buttons[1]);
+    XtAddCallback(
+        buttons[2], XmNactivateCallback, [](Widget, XtPointer w, XtPointer) { XtDestroyWidget(static_cast<Widget>(w)); },
+        buttons[1]);
     click(buttons[2]);
     EXPECT_EQ(radio.selected(), buttons[2]);
     aligned.alignWidth();
