@@ -1,16 +1,13 @@
 #include "LmResizer.h"
 
 #include "LmApp.h"
+#include "components/layout/ResizeParts.h"
 #include "geometry/ResizeDrag.h"
 #include "support/calldata.h"
 
 #include <X11/IntrinsicP.h>
 #include <X11/cursorfont.h>
-#include <Xm/BulletinB.h>
-#include <Xm/DrawingA.h>
-#include <Xm/Frame.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -18,20 +15,18 @@
 
 const char* const LmResizer::stateChangedCallback = "stateChanged";
 
-static constexpr int gripSize = 8;
-static constexpr int gripShadowThickness = 2, frameShadowThickness = 2, frameMargin = 4;
-static constexpr int inset = frameShadowThickness + frameMargin;   // how far the frame stands out
 static constexpr int resizing = 1, moving = 2, resized = 3, moved = 4;
 
 struct LmResizer::Drag {
-    lm::ResizeDrag frame{.inset = inset};   // its `frame` is that of the last rebuild()
-    lm::Rect pressed;                       // the widget at the press
-    std::optional<lm::Rect> received;       // what the last drag gave the widget
+    lm::ResizeDrag frame{.inset = lm::ResizeParts::inset};   // its `frame` is that of the last rebuild()
+    lm::Rect pressed;                                        // the widget at the press
+    std::optional<lm::Rect> received;                        // what the last drag gave the widget
 };
 
 LmResizer::LmResizer(char autoAdjust, char liveResize)
     : _autoAdjust(autoAdjust != 0),
       _liveResize(liveResize != 0),
+      _parts(std::make_unique<lm::ResizeParts>(button_press, button_release, this)),
       _drag(std::make_unique<Drag>())
 {}
 
@@ -40,8 +35,6 @@ LmResizer::~LmResizer()
     endGrab(CurrentTime);
     if (_baseWidget)
         removeCallbacks(_baseWidget);
-    destroyParts();
-    setParent(nullptr);
 }
 
 // --- attaching ---------------------------------------------------------------------------------------------------------
@@ -114,118 +107,29 @@ void LmResizer::reconfigured(XEvent* event)
         show();
 }
 
-// --- the parts ---------------------------------------------------------------------------------------------------------
-
-void LmResizer::setParent(Widget parent)
-{
-    if (_parent)
-        XtRemoveCallback(_parent, XmNdestroyCallback, partDestroyed, this);
-    _parent = parent;
-    if (_parent)
-        XtAddCallback(_parent, XmNdestroyCallback, partDestroyed, this);
-}
-
-/// A part, or the parent of all, is gone.
-void LmResizer::partDestroyed(Widget w, XtPointer clientData, XtPointer) noexcept
-{
-    auto* self = static_cast<LmResizer*>(clientData);
-    if (w == self->_parent)
-        self->endGrab(CurrentTime);
-    for (Widget* part : {&self->_parent, &self->_frame, &self->_area, &self->_gripLL, &self->_gripUR}) {
-        if (*part == w)
-            *part = nullptr;
-    }
-}
-
-void LmResizer::makeParts()
-{
-    const auto grip = [this](const char* name) {
-        Widget made =
-            XtVaCreateWidget(name, xmBulletinBoardWidgetClass, _parent, XmNmarginWidth, 0, XmNmarginHeight, 0, XmNwidth, gripSize,
-                             XmNheight, gripSize, XmNshadowThickness, gripShadowThickness, XmNshadowType, XmSHADOW_OUT, nullptr);
-        XtAddEventHandler(made, ButtonPressMask, False, button_press, this);
-        XtAddEventHandler(made, ButtonReleaseMask, False, button_release, this);
-        return made;
-    };
-    _gripLL = grip("resizeGripLL");
-    _gripUR = grip("resizeGripUR");
-    _frame = XtVaCreateWidget("resizeFrame", xmFrameWidgetClass, _parent, XmNshadowThickness, frameShadowThickness, XmNshadowType,
-                              XmSHADOW_ETCHED_IN, XmNmarginWidth, frameMargin, XmNmarginHeight, frameMargin, nullptr);
-    _area = XtVaCreateWidget("resizeArea", xmDrawingAreaWidgetClass, _frame, XmNmarginWidth, 0, XmNmarginHeight, 0, nullptr);
-    for (Widget part : {_gripLL, _gripUR, _frame, _area})
-        XtAddCallback(part, XmNdestroyCallback, partDestroyed, this);
-}
-
-/// Destruction may be put off, and events come until then: nothing of ours stays on the parts.
-void LmResizer::destroyParts()
-{
-    for (Widget grip : {_gripLL, _gripUR}) {
-        if (!grip)
-            continue;
-        XtRemoveEventHandler(grip, ButtonPressMask, False, button_press, this);
-        XtRemoveEventHandler(grip, ButtonReleaseMask, False, button_release, this);
-    }
-    for (Widget part : {_gripLL, _gripUR, _frame, _area}) {
-        if (part)
-            XtRemoveCallback(part, XmNdestroyCallback, partDestroyed, this);
-    }
-    for (Widget* part : {&_gripLL, &_gripUR, &_frame}) {
-        if (Widget w = std::exchange(*part, nullptr))
-            XtDestroyWidget(w);
-    }
-    _area = nullptr;   // went with the frame
-}
-
-/// Motif derives shadows from a background only when it makes a widget.
-void LmResizer::colourParts(Pixel areaBackground)
-{
-    Pixel foreground = 0, top = 0, bottom = 0, select = 0;
-    Colormap colormap = None;
-    XtVaGetValues(_parent, XmNcolormap, &colormap, nullptr);
-    XmGetColors(XtScreen(_parent), colormap, _parentBackground, &foreground, &top, &bottom, &select);
-    for (Widget part : {_frame, _gripLL, _gripUR})
-        XtVaSetValues(part, XmNbackground, _parentBackground, XmNforeground, _widgetForeground, XmNtopShadowColor, top,
-                      XmNbottomShadowColor, bottom, nullptr);
-    XtVaSetValues(_area, XmNbackground, areaBackground, nullptr);
-}
+// --- the frame -----------------------------------------------------------------------------------------------------------
 
 lm::Rect LmResizer::widgetGeometry() const
 {
     return {_baseWidget->core.x, _baseWidget->core.y, _baseWidget->core.width, _baseWidget->core.height};
 }
 
-static Position position(int value) { return static_cast<Position>(std::clamp(value, -32768, 32767)); }
-static Dimension dimension(int value) { return static_cast<Dimension>(std::clamp(value, 1, 32767)); }
-
-/// Places a part without asking whether it is managed: a request to the parent, which may grow.
-static void setGeometry(Widget w, const lm::Rect& r)
-{
-    XtVaSetValues(w, XmNx, position(r.x), XmNy, position(r.y), XmNwidth, dimension(r.width), XmNheight, dimension(r.height),
-                  nullptr);
-}
-
 void LmResizer::rebuild(Widget w)
 {
     if (!usable(w) || !usable(XtParent(w)))
         return;
-    if (XtParent(w) != _parent || !partsExist() || !_area) {
-        destroyParts();
-        setParent(XtParent(w));
-        makeParts();
-    }
+    Widget parent = XtParent(w);
+    _parts->makeIn(parent);
     Dimension highlight = 0;
-    Pixel background = 0;
-    XtVaGetValues(_parent, XmNbackground, &_parentBackground, nullptr);
-    XtVaGetValues(w, XmNhighlightThickness, &highlight, XmNforeground, &_widgetForeground, XmNbackground, &background, nullptr);
-    const auto [area, frame, oversize] = lm::ResizeFrame::around({w->core.x, w->core.y, w->core.width, w->core.height}, highlight,
-                                                                 _parent->core.width, _parent->core.height, inset);
-    _oversize = oversize;
-    _drag->frame.frame = frame;
-    colourParts(background == _parentBackground ? _widgetForeground : background);
-    XtVaSetValues(_area, XmNwidth, dimension(area.width), XmNheight, dimension(area.height), nullptr);
-    setGeometry(_frame, frame);
-    XtVaSetValues(_gripUR, XmNx, position(frame.x + frame.width - gripSize), XmNy, position(frame.y), nullptr);
-    XtVaSetValues(_gripLL, XmNx, position(frame.x), XmNy, position(frame.y + frame.height - gripSize), nullptr);
+    Pixel parentBackground = 0, background = 0, foreground = 0;
+    XtVaGetValues(parent, XmNbackground, &parentBackground, nullptr);
+    XtVaGetValues(w, XmNhighlightThickness, &highlight, XmNforeground, &foreground, XmNbackground, &background, nullptr);
+    const auto geometry = lm::ResizeFrame::around({w->core.x, w->core.y, w->core.width, w->core.height}, highlight,
+                                                  parent->core.width, parent->core.height, lm::ResizeParts::inset);
+    _oversize = geometry.oversize;
+    _drag->frame.frame = geometry.frame;
+    _parts->colour(parentBackground, foreground, background == parentBackground ? foreground : background);
+    _parts->place(geometry);
 }
 
 void LmResizer::adjustGeometry()
@@ -236,41 +140,22 @@ void LmResizer::adjustGeometry()
 
 // --- showing -----------------------------------------------------------------------------------------------------------
 
-static bool hasWindow(Widget w) { return w && XtIsRealized(w) && XtWindow(w) != None; }
-
-static void mapRaised(Widget w)
-{
-    if (hasWindow(w))
-        XMapRaised(XtDisplay(w), XtWindow(w));
-}
-
 void LmResizer::show()
 {
     _shown = true;
-    if (!partsExist() || !usable(_parent))
+    if (!usable(_parts->parent()))
         return;
-    for (Widget part : {_area, _frame, _gripLL, _gripUR})
-        XtManageChild(part);
-    if (!_baseWidget)
-        return;
-    mapRaised(_frame);
-    if (hasWindow(_baseWidget))
-        XRaiseWindow(XtDisplay(_baseWidget), XtWindow(_baseWidget));
-    mapRaised(_gripLL);
-    mapRaised(_gripUR);
-    defineCursors();
+    _parts->show(_baseWidget);
+    if (_baseWidget)
+        defineCursors();
 }
 
 void LmResizer::hide()
 {
     _shown = false;
     endGrab(CurrentTime);
-    if (!_baseWidget)
-        return;
-    for (Widget part : {_frame, _gripLL, _gripUR}) {
-        if (hasWindow(part))
-            XUnmapWindow(XtDisplay(part), XtWindow(part));
-    }
+    if (_baseWidget)
+        _parts->hide();
 }
 
 void LmResizer::defineCursors()
@@ -286,12 +171,8 @@ void LmResizer::defineCursors()
     make(_upperRightCursor, XC_top_right_corner);
     make(_moveCursor, XC_fleur);
     const bool resizes = _xResizeIncrement || _yResizeIncrement, moves = _xMoveIncrement || _yMoveIncrement;
-    const auto define = [&](Widget grip, const lm::CursorHandle& corner) {
-        if (hasWindow(grip))
-            XDefineCursor(display, XtWindow(grip), resizes ? corner.get() : moves ? _moveCursor.get() : None);
-    };
-    define(_gripLL, _lowerLeftCursor);
-    define(_gripUR, _upperRightCursor);
+    const Cursor other = moves ? _moveCursor.get() : None;
+    _parts->defineCursors(resizes ? _lowerLeftCursor.get() : other, resizes ? _upperRightCursor.get() : other);
 }
 
 void LmResizer::setIncrements(int xResize, int yResize, int xMove, int yMove)
@@ -325,7 +206,7 @@ void LmResizer::pointer_motion(Widget, XtPointer clientData, XEvent* event, Bool
 bool LmResizer::beginGrab(Widget grip, XEvent* event)
 {
     defineCursors();
-    const lm::CursorHandle& corner = grip == _gripUR ? _upperRightCursor : _lowerLeftCursor;
+    const lm::CursorHandle& corner = grip == _parts->upperRight() ? _upperRightCursor : _lowerLeftCursor;
     Widget parent = XtParent(grip);
     const int status =
         XtGrabPointer(parent, False, ButtonReleaseMask | PointerMotionMask, GrabModeAsync, GrabModeSync, XtWindow(parent),
@@ -354,7 +235,7 @@ void LmResizer::buttonPress(Widget grip, XEvent* event)
     const unsigned button = event->xbutton.button;
     const bool resizes = button == Button1 && (_xResizeIncrement || _yResizeIncrement);
     const bool moves = button == Button2 && (_xMoveIncrement || _yMoveIncrement);
-    if (_grabWidget || !usable(_baseWidget) || !usable(_parent) || !partsExist() || (!resizes && !moves) ||
+    if (_grabWidget || !usable(_baseWidget) || !usable(_parts->parent()) || !_parts->complete() || (!resizes && !moves) ||
         !beginGrab(grip, event))
         return;
     _dragButton = static_cast<int>(button);
@@ -362,19 +243,18 @@ void LmResizer::buttonPress(Widget grip, XEvent* event)
     _drag->received.reset();
     Position gripX = 0, gripY = 0, parentX = 0, parentY = 0;
     XtTranslateCoords(grip, 0, 0, &gripX, &gripY);
-    XtTranslateCoords(_parent, 0, 0, &parentX, &parentY);
+    XtTranslateCoords(_parts->parent(), 0, 0, &parentX, &parentY);
     _drag->frame.startX = gripX + event->xbutton.x - parentX;
     _drag->frame.startY = gripY + event->xbutton.y - parentY;
-    _drag->frame.upperRight = grip == _gripUR;
+    _drag->frame.upperRight = grip == _parts->upperRight();
     if (!_liveResize)
-        XRaiseWindow(XtDisplay(_frame), XtWindow(_frame));   // else the widget would hide it
-    for (Widget w : {_gripLL, _gripUR})
-        XUnmapWindow(XtDisplay(w), XtWindow(w));
+        _parts->raiseFrame();   // else the widget would hide it
+    _parts->hideGrips();
 }
 
 void LmResizer::pointerMotion(XEvent* event)
 {
-    if (!_grabWidget || !XtIsRealized(_grabWidget) || !_frame)
+    if (!_grabWidget || !XtIsRealized(_grabWidget) || !_parts->frame())
         return;
     if (!(event->xmotion.state & (_dragButton == 1 ? Button1Mask : Button2Mask)))
         return finishDrag(event->xmotion.time);   // the button went up while the server had taken the grab
@@ -389,8 +269,8 @@ void LmResizer::pointerMotion(XEvent* event)
 
 void LmResizer::setFrame(const lm::Rect& frame)
 {
-    if (_frame)
-        setGeometry(_frame, frame);
+    if (_parts->frame())
+        lm::setGeometry(_parts->frame(), frame);
 }
 
 void LmResizer::resizeFrame(int x, int y)
@@ -408,17 +288,18 @@ void LmResizer::moveFrame(int x, int y)
 /// The geometry at the press, with what the frame has changed since.
 lm::Rect LmResizer::matchingGeometry() const
 {
-    if (!_frame)
+    Widget frame = _parts->frame();
+    if (!frame)
         return _drag->pressed;
     const lm::Rect& base = _drag->frame.frame;
-    return {_drag->pressed.x + _frame->core.x - base.x, _drag->pressed.y + _frame->core.y - base.y,
-            _drag->pressed.width + _frame->core.width - base.width, _drag->pressed.height + _frame->core.height - base.height};
+    return {_drag->pressed.x + frame->core.x - base.x, _drag->pressed.y + frame->core.y - base.y,
+            _drag->pressed.width + frame->core.width - base.width, _drag->pressed.height + frame->core.height - base.height};
 }
 
 void LmResizer::matchFrame()
 {
-    if (usable(_baseWidget) && _frame)
-        setGeometry(_baseWidget, matchingGeometry());
+    if (usable(_baseWidget) && _parts->frame())
+        lm::setGeometry(_baseWidget, matchingGeometry());
 }
 
 void LmResizer::buttonRelease(Widget w, XEvent* event)

@@ -9,6 +9,7 @@
 
 namespace lm {
 struct Rect;
+class ResizeParts;
 }   // namespace lm
 
 /// Surrounds one widget with an etched frame that has a grip at its upper right and its lower left corner. Button 1 on a
@@ -73,28 +74,20 @@ protected:
     static void pointer_motion(Widget w, XtPointer clientData, XEvent* event, Boolean* goOn) noexcept;
 
 private:
-    static void partDestroyed(Widget w, XtPointer clientData, XtPointer callData) noexcept;
     void reconfigured(XEvent* event);
-    void makeParts();
-    void destroyParts();
-    void setParent(Widget parent);
-    void colourParts(Pixel areaBackground);
     bool beginGrab(Widget grip, XEvent* event);
     void endGrab(Time time);
     void finishDrag(Time time);
     void setFrame(const lm::Rect& frame);
-    bool partsExist() const { return _frame && _gripLL && _gripUR; }
     lm::Rect widgetGeometry() const;
     lm::Rect matchingGeometry() const;
 
-    Widget _parent = nullptr;   // of the attached widget; null once destroyed, as the parts are
-    Widget _frame = nullptr, _area = nullptr, _gripLL = nullptr, _gripUR = nullptr;
     Widget _grabWidget = nullptr;   // null when no drag is in progress
     bool _autoAdjust, _liveResize, _shown = false, _oversize = false;
     signed char _xResizeIncrement = 1, _yResizeIncrement = 1, _xMoveIncrement = 1, _yMoveIncrement = 1;
-    Pixel _parentBackground = 0, _widgetForeground = 0;
     lm::CursorHandle _lowerLeftCursor, _upperRightCursor, _moveCursor;
     int _dragButton = 0;
+    std::unique_ptr<lm::ResizeParts> _parts;   // in the attached widget's parent
     struct Drag;
     std::unique_ptr<Drag> _drag;   // the present one, and what the last one came to
     lm::Alive _alive;

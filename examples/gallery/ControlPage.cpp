@@ -87,8 +87,8 @@ void ControlPage::makeBoxes(Widget parent)
 void ControlPage::toggled(LmCallbackObject* box, void*, void* index)
 {
     auto& toggles = *static_cast<LmCheckBox*>(box);
-    const char* text = LmFormat("%s: toggle %d is %s.", toggles.name(), lm::asInt(index) + 1,
-                                toggles.getValue(lm::asInt(index)) ? "on" : "off");
+    const char* text =
+        LmFormat("%s: toggle %d is %s.", toggles.name(), lm::asInt(index) + 1, toggles.getValue(lm::asInt(index)) ? "on" : "off");
     XtVaSetValues(_said, XmNlabelString, lm::compound(text).get(), nullptr);
 }
 

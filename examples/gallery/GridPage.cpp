@@ -17,17 +17,17 @@
 GridPage::GridPage(Widget parent) : Page("gridPage", parent)
 {
     Widget controls = row::across("gridControls", body());
-    _share = XtVaCreateManagedWidget("share", xmScaleWidgetClass, controls, XmNorientation, XmHORIZONTAL, XmNvalue, 60, XmNshowValue,
-                                     True, XmNscaleWidth, 220, nullptr);
+    _share = XtVaCreateManagedWidget("share", xmScaleWidgetClass, controls, XmNorientation, XmHORIZONTAL, XmNvalue, 60,
+                                     XmNshowValue, True, XmNscaleWidth, 220, nullptr);
     lm::on<&GridPage::shareOut>(_share, XmNvalueChangedCallback, this);
     lm::on<&GridPage::shareOut>(_share, XmNdragCallback, this);
     _aside = XtVaCreateManagedWidget("aside", xmToggleButtonWidgetClass, controls, nullptr);
     lm::on<&GridPage::pushAside>(_aside, XmNvalueChangedCallback, this);
 
-    Widget sheet = XtVaCreateManagedWidget("gridSheet", xmGridWidgetClass, body(), "numColumns", 1, "defaultSpacing", 10,
-                                           XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, controls, XmNtopOffset, 10,
-                                           XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment,
-                                           XmATTACH_FORM, nullptr);
+    Widget sheet =
+        XtVaCreateManagedWidget("gridSheet", xmGridWidgetClass, body(), "numColumns", 1, "defaultSpacing", 10, XmNtopAttachment,
+                                XmATTACH_WIDGET, XmNtopWidget, controls, XmNtopOffset, 10, XmNbottomAttachment, XmATTACH_FORM,
+                                XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, nullptr);
     makeFields(sheet);
     XtVaCreateManagedWidget("line", xmSeparatorWidgetClass, sheet, nullptr);
     makeButtons(sheet);
@@ -46,8 +46,8 @@ void GridPage::makeFields(Widget grid)
         XtVaCreateManagedWidget(name, xmLabelWidgetClass, _fields, "resizeHorizontal", False, "resizeVertical", False, "gravity",
                                 note ? NorthEastGravity : EastGravity, nullptr);
         for (int column = 0; column < 2; ++column)
-            XtVaCreateManagedWidget("field", note ? xmTextWidgetClass : xmTextFieldWidgetClass, _fields, XmNcolumns, 10, XmNeditMode,
-                                    XmMULTI_LINE_EDIT, nullptr);
+            XtVaCreateManagedWidget("field", note ? xmTextWidgetClass : xmTextFieldWidgetClass, _fields, XmNcolumns, 10,
+                                    XmNeditMode, XmMULTI_LINE_EDIT, nullptr);
     }
     XmGridSetColumnResizability(_fields, 0, 0);
     for (const int fixed : {0, 1})

@@ -19,9 +19,10 @@ ResizerPage::ResizerPage(Widget parent) : Page("resizerPage", parent)
     lm::on<&ResizerPage::setSteps>(_steps, XmNvalueChangedCallback, this);
     _place = row::label("place", controls);
 
-    Widget frame = XtVaCreateManagedWidget("boardFrame", xmFrameWidgetClass, body(), XmNshadowType, XmSHADOW_IN, XmNtopAttachment,
-                                           XmATTACH_WIDGET, XmNtopWidget, controls, XmNtopOffset, 10, XmNbottomAttachment,
-                                           XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, nullptr);
+    Widget frame =
+        XtVaCreateManagedWidget("boardFrame", xmFrameWidgetClass, body(), XmNshadowType, XmSHADOW_IN, XmNtopAttachment,
+                                XmATTACH_WIDGET, XmNtopWidget, controls, XmNtopOffset, 10, XmNbottomAttachment, XmATTACH_FORM,
+                                XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, nullptr);
     _board = XtVaCreateManagedWidget("cardBoard", xmBulletinBoardWidgetClass, frame, XmNmarginWidth, 0, XmNmarginHeight, 0,
                                      XmNresizePolicy, XmRESIZE_NONE, nullptr);
     for (const char* name : {"firstCard", "secondCard", "thirdCard"}) {
