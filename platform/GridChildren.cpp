@@ -81,6 +81,30 @@ Size likedSize(Widget grid)
     return size;
 }
 
+static int roomToAsk(int now, int before, int natural)
+{
+    if (now == 0 || (natural != before && (now == before || natural > now)))
+        return natural;
+    return now;
+}
+
+Size roomToAsk(Widget grid)
+{
+    const GridPart& part = partOf(grid);
+    const Size natural = likedSize(grid);
+    if (!XtIsRealized(grid))
+        return natural;
+    return {roomToAsk(grid->core.width, part.naturalWidth, natural.width),
+            roomToAsk(grid->core.height, part.naturalHeight, natural.height)};
+}
+
+void noteNatural(Widget grid)
+{
+    const Size natural = naturalSize(grid);
+    partOf(grid).naturalWidth = asDimension(natural.width);
+    partOf(grid).naturalHeight = asDimension(natural.height);
+}
+
 static void place(Widget child, const Rect& place, bool asking)
 {
     const int border = 2 * child->core.border_width;
@@ -115,12 +139,13 @@ void layOut(Widget grid, Widget asking)
 
 void askForRoom(Widget grid)
 {
-    const Size liked = likedSize(grid);
-    if (liked == sizeOf(grid))
+    const Size room = roomToAsk(grid);
+    noteNatural(grid);
+    if (room == sizeOf(grid))
         return;
     partOf(grid).layingOut = True;   // whoever asked lays out, with what was granted
     Dimension width = 0, height = 0;
-    if (XtMakeResizeRequest(grid, asDimension(liked.width), asDimension(liked.height), &width, &height) == XtGeometryAlmost)
+    if (XtMakeResizeRequest(grid, asDimension(room.width), asDimension(room.height), &width, &height) == XtGeometryAlmost)
         XtMakeResizeRequest(grid, width, height, nullptr, nullptr);
     partOf(grid).layingOut = False;
 }

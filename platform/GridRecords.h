@@ -19,6 +19,7 @@ struct GridPart {
     Dimension marginWidth, marginHeight;
     Boolean fixedWidth, fixedHeight;   // the application gave the size
     Boolean layingOut;
+    Dimension naturalWidth, naturalHeight;       // when room was last asked for; 0: never yet
     std::vector<lm::GridTrack>*rows, *columns;   // owned
 };
 
@@ -73,13 +74,18 @@ Size wantedSize(Widget child);
 Size naturalSize(Widget grid);
 /// The size that the grid would like: what the application gave, else the natural size.
 Size likedSize(Widget grid);
+/// The size to ask the parent for: the natural size, when it has changed and the grid had just that, or has less. A grid that
+/// was given more keeps it.
+Size roomToAsk(Widget grid);
 /// The places of the children in a grid of that size.
 std::vector<Rect> placesIn(Widget grid, const std::vector<Widget>& children, Size size);
 /// Lays the children out in the grid as it is; before it is realized their sizes still are their own. The record of
 /// `asking` is set, but its window left to Xt.
 void layOut(Widget grid, Widget asking = nullptr);
-/// Asks the parent for the size that the grid would like, and takes what it offers.
+/// Asks the parent for roomToAsk(), and takes what it offers.
 void askForRoom(Widget grid);
+/// The natural size counts as asked for.
+void noteNatural(Widget grid);
 /// Both, unless the application wants to wait.
 void layOutAnew(Widget grid);
 

@@ -67,7 +67,7 @@ XtGeometryResult answerQuery(Widget grid, Widget child, const XtWidgetGeometry& 
 {
     const std::vector<Widget> children = managedChildren(grid);
     Size room = sizeOf(grid);
-    if (const Size liked = likedSize(grid); liked != room) {
+    if (const Size liked = roomToAsk(grid); liked != room) {
         XtWidgetGeometry wish = {}, offer = {};
         wish.request_mode = CWWidth | CWHeight | XtCWQueryOnly;
         wish.width = asDimension(liked.width);
@@ -154,7 +154,8 @@ Boolean setValues(Widget old, Widget, Widget now, ArgList, Cardinal*)
                          was.marginHeight != grid.marginHeight || (grid.autoLayout && !was.autoLayout);
     if (!(widthSet || heightSet || (changed && grid.autoLayout)))
         return False;
-    const Size liked = likedSize(now);
+    const Size liked = roomToAsk(now);
+    noteNatural(now);
     now->core.width = asDimension(liked.width);
     now->core.height = asDimension(liked.height);
     if (sizeOf(now) == sizeOf(old))

@@ -7,7 +7,8 @@
 
 /// \file
 /// Both are subclasses of XmManager, take widgets and gadgets, and tell their parent their natural size: that of the
-/// children's own sizes. A child's own size is the one it was made with or asked for last, whatever room it is given.
+/// children's own sizes. A child's own size is the one it was made with or asked for last, whatever room it is given. A
+/// manager that was given more than its natural size keeps that when the natural size changes, as long as it suffices.
 /// Above the natural size the room to spare is shared out by weights; below it, rows, columns and children that have a
 /// weight shrink first. The layout is the same from right to left.
 ///

@@ -15,7 +15,8 @@ public:
     static constexpr int inset = 6;   ///< how far the frame stands out: its shadow and its margin, pixels
 
     /// Presses and releases on the grips go to these handlers.
-    ResizeParts(XtEventHandler press, XtEventHandler release, XtPointer owner) : _press(press), _release(release), _owner(owner) {}
+    ResizeParts(XtEventHandler press, XtEventHandler release, XtPointer owner) : _press(press), _release(release), _owner(owner)
+    {}
     ResizeParts(const ResizeParts&) = delete;
     ResizeParts& operator=(const ResizeParts&) = delete;
     ~ResizeParts();

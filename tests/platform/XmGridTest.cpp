@@ -66,7 +66,11 @@ TEST_F(GridOnScreen, AGridNegotiatesForItsChildrenAndFollowsItsParent)
     XtVaSetValues(third, "gravity", NorthWestGravity, nullptr);
     EXPECT_EQ(placeOf(third), "20x20+0+24");
     XtVaSetValues(third, "column", 1, "row", 1, XmNwidth, static_cast<Dimension>(60), nullptr);
-    EXPECT_EQ(placeOf(third), "60x20+54+24");   // the shell grants the new natural size
+    EXPECT_EQ(placeOf(third), "60x20+96+24");   // there is room: the shell stays
+    setSize(shell(), 114, 44);                  // the natural size
+    XtVaSetValues(first, XmNwidth, static_cast<Dimension>(70), nullptr);
+    EXPECT_EQ(placeOf(shell()).substr(0, 6), "134x44");
+    XtVaSetValues(first, XmNwidth, static_cast<Dimension>(50), nullptr);
     EXPECT_EQ(placeOf(shell()).substr(0, 6), "114x44");
     setSize(shell(), 34, 30);
     EXPECT_EQ(placeOf(first), "14x20+0+0");
