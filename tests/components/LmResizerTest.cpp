@@ -188,6 +188,9 @@ TEST_F(ResizerOnScreen, HoweverADragEndsPointerAndKeyboardAreFreeAfterwards)
         Widget form = XtParent(field);
         if (!childNamed(form, "board"))
             board = newBoard(form);
+        XtResizeWidget(board, 410, 300, 0);   // nobody listens any more
+        settle();
+        XtResizeWidget(board, 400, 300, 0);
         XtManageChild(board);
         if (!childNamed(board, "widget"))
             widget = newWidget(board);
