@@ -14,8 +14,7 @@ class Lines {
 public:
     void add(Ink ink, int x1, int y1, int x2, int y2)
     {
-        _lines.push_back(
-            {ink, {static_cast<short>(x1), static_cast<short>(y1), static_cast<short>(x2), static_cast<short>(y2)}});
+        _lines.push_back({ink, {static_cast<short>(x1), static_cast<short>(y1), static_cast<short>(x2), static_cast<short>(y2)}});
     }
     std::vector<InkLine> take() { return std::move(_lines); }
 

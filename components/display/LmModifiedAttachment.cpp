@@ -20,9 +20,10 @@
 const char* const LmModifiedAttachment::modifiedCallback = "modifiedCallback";
 
 LmModifiedAttachment::LmModifiedAttachment(Boolean blankIsValue, Boolean followGeometry, Boolean updateOnChange)
-    : LmModified(blankIsValue), _updateOnChange(updateOnChange), _followGeometry(followGeometry)
-{
-}
+    : LmModified(blankIsValue),
+      _updateOnChange(updateOnChange),
+      _followGeometry(followGeometry)
+{}
 
 LmModifiedAttachment::~LmModifiedAttachment() { detach(); }
 

@@ -7,8 +7,8 @@ class LmModifiedAttachment;
 
 /// Why "modifiedCallback" runs.
 enum LmModifiedReason : int {
-    LM_activate = 0,       ///< Return was pressed in the attached text widget
-    LM_valueChanged = 1    ///< its text changed
+    LM_activate = 0,      ///< Return was pressed in the attached text widget
+    LM_valueChanged = 1   ///< its text changed
 };
 
 /// Call data of "modifiedCallback".
@@ -22,9 +22,9 @@ struct LmModifiedCallbackStruct {
 /// its upper right corner whether it differs from the previous value: the corner is folded down. A press on it shows the
 /// previous value (a dashed diagonal instead), another one the current value again.
 ///
-/// The indicator is a sibling of the widget, so the parent should be one that leaves its children where they want to be: a form, a bulletin
-/// board, a drawing area. It exists while the attached widget is realized, and goes with the attachment, with detach() and with
-/// the widget. Values can be set before.
+/// The indicator is a sibling of the widget, so the parent should be one that leaves its children where they want to be: a form,
+/// a bulletin board, a drawing area. It exists while the attached widget is realized, and goes with the attachment, with detach()
+/// and with the widget. Values can be set before.
 ///
 ///   Widgets    "modifiedArea" (XmDrawingArea), a child of the attached widget's parent
 ///   Resources  of the attached widget: "displayModified" (class "DisplayModified", String): "false", in any case, for no
@@ -51,7 +51,8 @@ public:
     /// Gives the size of the indicator, in pixels.
     void getParameters(Dimension* width, Dimension* height) const;
 
-    /// Binds to a widget, and writes the value into it: nothing there yet empties it. Lets go of the widget before; null does that alone.
+    /// Binds to a widget, and writes the value into it: nothing there yet empties it. Lets go of the widget before; null does
+    /// that alone.
     void attach(Widget w);
     /// Hides the indicator and lets go of the widget, which keeps what it shows.
     void detach();
@@ -112,7 +113,8 @@ private:
 
     Display* _display = nullptr;
     Widget _widget = nullptr;
-    Widget _structureWidget = nullptr;   // carries the structure handler: the widget, or a gadget's nearest ancestor with a window
+    Widget _structureWidget =
+        nullptr;   // carries the structure handler: the widget, or a gadget's nearest ancestor with a window
     Widget _indicator = nullptr;
     Pixel _background = 0;
     Pixel _foreground = 0;

@@ -177,8 +177,8 @@ void LmModifiedAttachment::adjustWindow()
     XtVaGetValues(_widget, XmNx, &x, XmNy, &y, XmNwidth, &width, nullptr);
     const int left = x + width - _width - _highlightThickness, top = y + _highlightThickness;
     const Dimension w = std::max<Dimension>(_width, 1), h = std::max<Dimension>(_height, 1);
-    XtVaSetValues(_indicator, XmNx, left, XmNy, top, XmNwidth, w, XmNheight, h, XmNbackground, _background,
-                  XmNhighlightThickness, 0, nullptr);
+    XtVaSetValues(_indicator, XmNx, left, XmNy, top, XmNwidth, w, XmNheight, h, XmNbackground, _background, XmNhighlightThickness,
+                  0, nullptr);
     if (!hasWindow())
         return;
     XMoveResizeWindow(_display, XtWindow(_indicator), left, top, w, h);

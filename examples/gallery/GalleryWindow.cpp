@@ -4,6 +4,7 @@
 #include "ConsolePage.h"
 #include "DialogPage.h"
 #include "MenuPage.h"
+#include "ModifiedPage.h"
 #include "PreferencePage.h"
 #include "SearchPage.h"
 #include "TabPage.h"
@@ -81,6 +82,7 @@ void GalleryWindow::addPages()
     _pages.push_back(std::make_unique<ChartPage>(_deck));
     _pages.push_back(std::make_unique<ConsolePage>(_deck));
     _pages.push_back(std::make_unique<TabPage>(_deck));
+    _pages.push_back(std::make_unique<ModifiedPage>(_deck));
     for (const auto& page : _pages) {
         const lm::XmText title(XmStringCreateLocalized(lm::xtText(page->title())));
         XmListAddItemUnselected(_list, title.get(), 0);

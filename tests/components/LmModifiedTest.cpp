@@ -7,8 +7,8 @@
 #include <Xm/Label.h>
 #include <Xm/PushBG.h>
 #include <Xm/ScrollBar.h>
-#include <Xm/TextF.h>
 #include <Xm/Text.h>
+#include <Xm/TextF.h>
 
 #include <memory>
 
@@ -23,7 +23,8 @@ protected:
     Widget board()
     {
         if (!_board)
-            _board = XtVaCreateManagedWidget("board", xmBulletinBoardWidgetClass, shell(), XmNwidth, 300, XmNheight, 200, nullptr);
+            _board =
+                XtVaCreateManagedWidget("board", xmBulletinBoardWidgetClass, shell(), XmNwidth, 300, XmNheight, 200, nullptr);
         return _board;
     }
     Widget field(const char* name, int y, WidgetClass cls = xmTextFieldWidgetClass)
@@ -127,7 +128,7 @@ TEST_F(LmModifiedOnScreen, TheCornerShowsAndBringsBackThePreviousValue)
     EXPECT_EQ(heard.values, std::vector<int>{LM_valueChanged});
     EXPECT_TRUE(isViewable(corner));
     EXPECT_EQ(pixelAt(corner, 8, 0), board()->core.background_pixel);   // cut off
-    screenshot("modified");
+    expectPicture(corner, "foldedCorner");
 
     const Pixel ink = BlackPixelOfScreen(XtScreen(w));
     EXPECT_EQ(pixelCount(corner, ink), 0);
@@ -135,8 +136,9 @@ TEST_F(LmModifiedOnScreen, TheCornerShowsAndBringsBackThePreviousValue)
     settle();
     EXPECT_EQ(valueOf(w), "raven");
     EXPECT_FALSE(attachment.isShowingCurrent());
+    expectPicture(corner, "previousCorner");
     EXPECT_EQ(pixelCount(corner, ink), 5);   // every other one of a diagonal of 9
-    EXPECT_TRUE(attachment.isModified());   // writing the old value is no new one
+    EXPECT_TRUE(attachment.isModified());    // writing the old value is no new one
     click(corner, 5, 5);
     settle();
     EXPECT_NE(valueOf(w), "raven");

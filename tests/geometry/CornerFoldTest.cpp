@@ -32,7 +32,8 @@ TEST(CornerGeometry, TheFoldedCorner)
               "B1,0-9,6 A0,0-0,0 B0,1--1,1 B9,6-9,7 A8,7-8,7 A0,1-0,7 B1,0-1,6 B0,7-7,7 A1,6-8,6");
     const auto cut = lm::cutOffCorner({10, 8, 2, false});
     ASSERT_EQ(cut.size(), 4u);
-    EXPECT_TRUE(cut[0].x == 2 && cut[0].y == 0 && cut[1].x == 9 && cut[1].y == 0 && cut[2].x == 9 && cut[2].y == 5 && cut[3].x == 2);
+    EXPECT_TRUE(cut[0].x == 2 && cut[0].y == 0 && cut[1].x == 9 && cut[1].y == 0 && cut[2].x == 9 && cut[2].y == 5 &&
+                cut[3].x == 2);
 }
 
 TEST(CornerGeometry, AbsurdSizesStayDrawable)

@@ -91,6 +91,7 @@ TEST_F(XmGraphOnScreen, TheOverviewFollowsNodesAndArcs)
     expectShown(4 + 55, 4 + 55, green);        // a gadget
     expectShown(4 + 30, 4 + 30, red);          // the arc
     EXPECT_EQ(pixelAt(overview, 4, 4), red);   // the outline of a node
+    expectPicture(overview, "overview");
 
     XtVaSetValues(second, XmNx, 300, XmNy, 100, nullptr);
     expectShown(4 + 80, 4 + 30, green);
