@@ -20,16 +20,9 @@ char* text(const char* literal) { return const_cast<char*>(literal); }
 
 class LmModifiedOnScreen : public OnScreen {
 protected:
-    Widget board()
-    {
-        if (!_board)
-            _board =
-                XtVaCreateManagedWidget("board", xmBulletinBoardWidgetClass, shell(), XmNwidth, 300, XmNheight, 200, nullptr);
-        return _board;
-    }
     Widget field(const char* name, int y, WidgetClass cls = xmTextFieldWidgetClass)
     {
-        return XtVaCreateManagedWidget(name, cls, board(), XmNx, 20, XmNy, y, XmNwidth, 150, XmNhighlightThickness, 1, nullptr);
+        return XtVaCreateManagedWidget(name, cls, board, XmNx, 20, XmNy, y, XmNwidth, 150, XmNhighlightThickness, 1, nullptr);
     }
     void realize()
     {
@@ -37,32 +30,17 @@ protected:
         XtMapWidget(shell());
         settle();
     }
-    void typeInto(Widget w, const char* characters)
+    void listen(LmModifiedAttachment& attachment)
     {
-        click(w, 8, 10);
-        type(characters);
-        settle();
+        const auto note = [](LmCallbackObject*, void* reasons, void* data) {
+            static_cast<std::vector<int>*>(reasons)->push_back(static_cast<LmModifiedCallbackStruct*>(data)->reason);
+        };
+        attachment.addCallback(LmModifiedAttachment::modifiedCallback, note, &heard);
     }
-    static std::string valueOf(Widget w)
-    {
-        const lm::XtString value(XmTextFieldGetString(w));
-        return value.get();
-    }
-    Widget _board = nullptr;
-};
+    static std::string valueOf(Widget w) { return lm::XtString(XmTextFieldGetString(w)).get(); }
 
-struct Reasons {
-    explicit Reasons(LmModifiedAttachment& attachment)
-    {
-        attachment.addCallback(
-            LmModifiedAttachment::modifiedCallback,
-            [](LmCallbackObject*, void* me, void* data) {
-                const auto& call = *static_cast<LmModifiedCallbackStruct*>(data);
-                static_cast<Reasons*>(me)->values.push_back(call.reason);
-            },
-            this);
-    }
-    std::vector<int> values;
+    Widget board = XtVaCreateManagedWidget("board", xmBulletinBoardWidgetClass, shell(), XmNwidth, 300, XmNheight, 200, nullptr);
+    std::vector<int> heard;
 };
 
 }   // namespace
@@ -72,8 +50,6 @@ TEST(LmModifiedModel, AValueIsComparedWithTheOneBeforeOrAFixedOne)
     LmModified value(True);
     value.setValue("a");
     EXPECT_FALSE(value.isModified());   // nothing to compare with
-    value.setValue("a");
-    EXPECT_FALSE(value.isModified());
     value.setValue("b");
     EXPECT_TRUE(value.isModified());
     value.setValue(value.currentValue());
@@ -82,7 +58,6 @@ TEST(LmModifiedModel, AValueIsComparedWithTheOneBeforeOrAFixedOne)
     value.fixPreviousValue(text(""), False);
     EXPECT_TRUE(value.isModified());
     value.setValue("c");
-    value.setValue("d");
     EXPECT_STREQ(value.previousValue(), "");
     value.toggleDisplay();
     value.setValue(value.previousValue());
@@ -97,8 +72,6 @@ TEST(LmModifiedModel, AValueIsComparedWithTheOneBeforeOrAFixedOne)
     EXPECT_FALSE(blank.isModified());
     blank.fixPreviousValue(text("was"), False);
     EXPECT_TRUE(blank.isModified());
-    blank.setValue("");
-    EXPECT_FALSE(blank.isModified());
     blank.setValue(nullptr);
     EXPECT_FALSE(blank.isModified());
 }
@@ -107,7 +80,7 @@ TEST_F(LmModifiedOnScreen, TheCornerShowsAndBringsBackThePreviousValue)
 {
     Widget w = field("name", 20);
     LmModifiedAttachment attachment(True, True, True);
-    Reasons heard(attachment);
+    listen(attachment);
     attachment.attach(w);
     attachment.show();
     attachment.fixPreviousValue(text("raven"), True);
@@ -122,27 +95,24 @@ TEST_F(LmModifiedOnScreen, TheCornerShowsAndBringsBackThePreviousValue)
     EXPECT_EQ(corner->core.x, 20 + 150 - 10 - 1);
     EXPECT_EQ(corner->core.y, 21);
 
-    heard.values.clear();
-    typeInto(w, "x");
+    heard.clear();
+    click(w, 8, 10);
+    type("x");
+    settle();
     EXPECT_TRUE(attachment.isModified());
-    EXPECT_EQ(heard.values, std::vector<int>{LM_valueChanged});
+    EXPECT_EQ(heard, std::vector<int>{LM_valueChanged});
     EXPECT_TRUE(isViewable(corner));
-    EXPECT_EQ(pixelAt(corner, 8, 0), board()->core.background_pixel);   // cut off
     expectPicture(corner, "foldedCorner");
-
-    const Pixel ink = BlackPixelOfScreen(XtScreen(w));
-    EXPECT_EQ(pixelCount(corner, ink), 0);
     click(corner, 5, 5);
     settle();
     EXPECT_EQ(valueOf(w), "raven");
     EXPECT_FALSE(attachment.isShowingCurrent());
     expectPicture(corner, "previousCorner");
-    EXPECT_EQ(pixelCount(corner, ink), 5);   // every other one of a diagonal of 9
-    EXPECT_TRUE(attachment.isModified());    // writing the old value is no new one
+    EXPECT_TRUE(attachment.isModified());   // writing the old value is no new one
     click(corner, 5, 5);
     settle();
     EXPECT_NE(valueOf(w), "raven");
-    EXPECT_EQ(pixelCount(corner, ink), 0);
+    expectPicture(corner, "foldedCorner");
 
     XtVaSetValues(w, XmNx, 40, XmNwidth, 200, nullptr);
     settle();
@@ -157,7 +127,6 @@ TEST_F(LmModifiedOnScreen, TheCornerShowsAndBringsBackThePreviousValue)
     EXPECT_FALSE(isViewable(corner));
     EXPECT_EQ(valueOf(w), "crow");
     attachment.setValue("magpie");
-    EXPECT_STREQ(attachment.currentValue(), "magpie");
     settle();
     EXPECT_TRUE(isViewable(corner));
     attachment.hide();
@@ -169,44 +138,44 @@ TEST_F(LmModifiedOnScreen, TheCornerShowsAndBringsBackThePreviousValue)
 TEST_F(LmModifiedOnScreen, WithoutUpdatesOnlyReturnCountsAndNothingFeedsBack)
 {
     Widget w = field("name", 20);
-    LmModifiedAttachment attachment(True, False, False);
+    LmModifiedAttachment attachment(True, False, False), taking(True, False, True);
+    taking.attach(w);
+    taking.setValue("a");
+    taking.setValue("b");
+    EXPECT_STREQ(taking.previousValue(), "a");   // writing "b" was not taken for another new value
+    taking.detach();
     attachment.attach(w);
-    attachment.setValue("a");
     attachment.setValue("b");
-    EXPECT_STREQ(attachment.previousValue(), "a");   // writing "b" was not taken for another new value
     realize();
-    Reasons heard(attachment);
+    listen(attachment);
 
-    typeInto(w, "c");
+    click(w, 8, 10);
+    type("c");
+    settle();
     EXPECT_STREQ(attachment.currentValue(), "b");
     key(XK_Return);
     settle();
     EXPECT_STREQ(attachment.previousValue(), "b");
     EXPECT_EQ(std::string(attachment.currentValue()).size(), 2u);
-    EXPECT_EQ(heard.values, (std::vector<int>{LM_valueChanged, LM_activate}));
+    EXPECT_EQ(heard, (std::vector<int>{LM_valueChanged, LM_activate}));
 
     attachment.toggleDisplay();
     EXPECT_EQ(valueOf(w), "b");
-    heard.values.clear();
+    heard.clear();
     key(XK_Return);
     settle();
-    EXPECT_EQ(heard.values, (std::vector<int>{LM_valueChanged, LM_activate}));
+    EXPECT_EQ(heard, (std::vector<int>{LM_valueChanged, LM_activate}));
     EXPECT_TRUE(attachment.isShowingCurrent());
 
-    LmModifiedAttachment taking(True, False, True);
-    taking.attach(w);
-    taking.setValue("1");
-    taking.setValue("2");
-    EXPECT_STREQ(taking.previousValue(), "1");
-    const std::string warning = stderrOf([&] { LmModifiedAttachment::activate_stub(board(), &taking, nullptr); });
+    const std::string warning = stderrOf([&] { LmModifiedAttachment::activate_stub(board, &attachment, nullptr); });
     EXPECT_EQ(warning, "LmModifiedAttachment: activate unexpected\n"
                        "                      use LM_activate instead of XmNactivateCallback\n");
 }
 
 TEST_F(LmModifiedOnScreen, LabelsAndGadgetsHaveValuesOtherWidgetsEndTheProgram)
 {
-    Widget label = XtVaCreateManagedWidget("label", xmLabelWidgetClass, board(), XmNx, 20, XmNy, 60, nullptr);
-    Widget gadget = XtVaCreateManagedWidget("gadget", xmPushButtonGadgetClass, board(), XmNx, 20, XmNy, 100, nullptr);
+    Widget label = XtVaCreateManagedWidget("label", xmLabelWidgetClass, board, XmNx, 20, XmNy, 60, nullptr);
+    Widget gadget = XtVaCreateManagedWidget("gadget", xmPushButtonGadgetClass, board, XmNx, 20, XmNy, 100, nullptr);
     setResource("*quiet.displayModified: FALSE");
     Widget quiet = field("quiet", 140, xmTextWidgetClass);
     realize();
@@ -240,7 +209,7 @@ TEST_F(LmModifiedOnScreen, LabelsAndGadgetsHaveValuesOtherWidgetsEndTheProgram)
     EXPECT_TRUE(onQuiet.isModified());
     EXPECT_EQ(onQuiet.indicator(), nullptr);
 
-    Widget bar = XtVaCreateManagedWidget("bar", xmScrollBarWidgetClass, board(), nullptr);
+    Widget bar = XtVaCreateManagedWidget("bar", xmScrollBarWidgetClass, board, nullptr);
     LmModifiedAttachment wrong(True, True, True);
     EXPECT_EXIT(wrong.setWidgetValue(bar, text("x")), testing::ExitedWithCode(1), "Unknown attached widget type!");
     EXPECT_EXIT(wrong.getWidgetValue(bar), testing::ExitedWithCode(1), "LmModifiedAttachment: Unknown widget type!");
@@ -261,11 +230,10 @@ TEST_F(LmModifiedOnScreen, EveryOrderOfEndsLeavesNothingBehind)
     EXPECT_EQ(XtHasCallbacks(first, XmNvalueChangedCallback), XtCallbackHasNone);
     XmTextFieldSetString(second, text("new"));
     settle();
-    Widget corner = attachment->indicator();
-    ASSERT_TRUE(isViewable(corner));
+    ASSERT_TRUE(isViewable(attachment->indicator()));
 
     attachment.reset();
-    EXPECT_EQ(childNamed(board(), "modifiedArea"), nullptr);
+    EXPECT_EQ(childNamed(board, "modifiedArea"), nullptr);
     XmTextFieldSetString(second, text("newer"));
     settle();
 
@@ -280,7 +248,7 @@ TEST_F(LmModifiedOnScreen, EveryOrderOfEndsLeavesNothingBehind)
     click(suicidal->indicator(), 5, 5);   // shows the old value, which tells of it
     settle();
     EXPECT_EQ(valueOf(second), "old");
-    EXPECT_EQ(childNamed(board(), "modifiedArea"), nullptr);
+    EXPECT_EQ(childNamed(board, "modifiedArea"), nullptr);
 
     LmModifiedAttachment left(True, True, True);
     left.attach(second);
@@ -292,7 +260,7 @@ TEST_F(LmModifiedOnScreen, EveryOrderOfEndsLeavesNothingBehind)
     left.show();
     left.attach(first);
     left.show();
-    XtDestroyWidget(board());
+    XtDestroyWidget(board);
     settle();
     EXPECT_EQ(left.indicator(), nullptr);
     left.attach(nullptr);

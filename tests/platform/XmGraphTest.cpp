@@ -6,7 +6,7 @@
 #include <Xm/DrawingA.h>
 #include <Xm/Form.h>
 #include <Xm/LabelG.h>
-#include <Xm/PushB.h>
+#include <Xm/PushBG.h>
 #include <Xm/ScrolledW.h>
 #include <Xm/Xm.h>
 
@@ -58,13 +58,18 @@ protected:
 TEST_F(XmGraphOnScreen, NodesStandWhereTheyAskToAndTheGraphGrowsForThem)
 {
     build();
-    Widget first = node(0, 0), second = node(160, 100, xmLabelGadgetClass);
+    Widget first = node(0, 0), second = node(160, 100, xmPushButtonGadgetClass);
     XmGraphAddArc(graph, first, second);
     realize();
 
     EXPECT_EQ(pixelAt(graph, 100, 70), red);   // halfway between (20, 20) and (180, 120)
     EXPECT_EQ(pixelAt(graph, 20, 20), green);
     EXPECT_EQ(graph->core.width, 400);
+    bool pushed = false;
+    XtAddCallback(
+        second, XmNactivateCallback, [](Widget, XtPointer flag, XtPointer) { *static_cast<bool*>(flag) = true; }, &pushed);
+    click(second, 8, 8);
+    settleUntil([&] { return pushed; });
 
     XtVaSetValues(second, XmNx, 460, nullptr);
     XtVaSetValues(first, XmNy, 80, XmNx, 100, nullptr);
