@@ -285,6 +285,7 @@ void Overview::drawNodes(Drawable picture, const lm::OverviewScale& scale)
 Widget XmGraphCreateOverView(Widget graph, Widget parent)
 {
     Widget widget = XtVaCreateWidget("overview", xmDrawingAreaWidgetClass, parent, XmNwidth, 200, XmNheight, 150, nullptr);
-    new Overview(graph, widget);   // goes with the widget
+    const bool usable = graph && XtIsSubclass(graph, coreWidgetClass) && !graph->core.being_destroyed;
+    new Overview(usable ? graph : nullptr, widget);   // goes with the widget
     return widget;
 }

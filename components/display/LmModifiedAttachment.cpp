@@ -105,6 +105,8 @@ static lm::XmText labelOf(Widget w, const char* message)
 
 void LmModifiedAttachment::setWidgetValue(Widget w, char* v)
 {
+    if (!v)
+        v = lm::xtText("");
     if (XmIsText(w)) {
         if (v != std::string(lm::XtString(XmTextGetString(w)).get()))
             XmTextSetString(w, v);
