@@ -22,6 +22,8 @@ protected:
     // A graph of 400 x 400 in a scrolled window of 200 x 200, and beside it its overview of 108 x 108: a quarter, and 4 free.
     void build(WidgetClass cls = xmGraphWidgetClass)
     {
+        setResource("*overview.width: 108");
+        setResource("*overview.height: 108");
         Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell(), nullptr);
         window = XtVaCreateManagedWidget("window", xmScrolledWindowWidgetClass, form, XmNscrollingPolicy, XmAUTOMATIC, XmNwidth,
                                          200, XmNheight, 200, nullptr);
@@ -30,7 +32,7 @@ protected:
         other = XtVaCreateManagedWidget("other", xmDrawingAreaWidgetClass, form, XmNx, 220, XmNwidth, 210, XmNheight, 108,
                                         XmNresizePolicy, XmRESIZE_NONE, XmNmarginWidth, 0, XmNmarginHeight, 0, nullptr);
         overview = XmGraphCreateOverView(graph, other);
-        XtVaSetValues(overview, XmNwidth, 108, XmNheight, 108, XmNforeground, red, nullptr);
+        XtVaSetValues(overview, XmNforeground, red, nullptr);
         EXPECT_FALSE(XtIsManaged(overview));
         XtManageChild(overview);
     }
