@@ -7,6 +7,7 @@
 #include "GraphPage.h"
 #include "GridPage.h"
 #include "MenuPage.h"
+#include "ModifiedPage.h"
 #include "OutlinePage.h"
 #include "PreferencePage.h"
 #include "ResizerPage.h"
@@ -105,6 +106,7 @@ void GalleryWindow::addPages()
     _pages.push_back(std::make_unique<ResizerPage>(_deck));
     _pages.push_back(std::make_unique<ScrollPage>(_deck));
     _pages.push_back(std::make_unique<ControlPage>(_deck));
+    _pages.push_back(std::make_unique<ModifiedPage>(_deck));
     for (const auto& page : _pages) {
         const lm::XmText title(XmStringCreateLocalized(lm::xtText(page->title())));
         XmListAddItemUnselected(_list, title.get(), 0);
