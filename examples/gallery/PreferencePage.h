@@ -16,8 +16,13 @@
 #include <Lm/LmPrefToggle.h>
 #include <Lm/LmSimpleWindow.h>
 
+/// What the dialog shows; a base class, since the dialog's constructor already uses it.
+struct GallerySheet {
+    LmPrefList sheet{"prefSheet"};
+};
+
 /// The sheet, with its items: what the user may choose.
-class GalleryPreferences : public LmPrefDialog {
+class GalleryPreferences : private GallerySheet, public LmPrefDialog {
 public:
     GalleryPreferences();
 
@@ -40,7 +45,6 @@ private:
     LmPrefRadio _busy{"prefBusy", true, false};
     LmPrefGroup _person{"prefPerson", false, true};
     LmPrefGroup _general{"prefGeneral", false, true};
-    LmPrefList _sheet{"prefSheet"};
 };
 
 class PreferencePage : public Page {
