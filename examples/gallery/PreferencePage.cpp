@@ -16,7 +16,7 @@
 
 // --- the sheet ---------------------------------------------------------------------------------------------------------
 
-GalleryPreferences::GalleryPreferences() : LmPrefDialog("galleryPreferences", &_sheet)
+GalleryPreferences::GalleryPreferences() : LmPrefDialog("galleryPreferences", &sheet)
 {
     heads.setLabel(0, "As the text");
     heads.setLabel(1, "Blue");
@@ -31,7 +31,7 @@ GalleryPreferences::GalleryPreferences() : LmPrefDialog("galleryPreferences", &_
         _general.addItem(item);
     _person.addItem(&author);
     for (LmPrefItem* item : std::initializer_list<LmPrefItem*>{&_text, &_general, &_line, &_person, &_gap})
-        _sheet.addItem(item);
+        sheet.addItem(item);
 }
 
 Widget GalleryPreferences::createDialog(Widget parent)
