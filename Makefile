@@ -10,7 +10,7 @@ packages = @scripts/install-packages
 build = @cmake --build build/$(1) --parallel $(JOBS)
 tests = ctest --preset $(1) -j $(JOBS) --no-tests=error
 
-.PHONY: help demo test check format tidy sanitize fuzz bench install uninstall clean
+.PHONY: help demo test check format tidy sanitize fuzz bench install deb uninstall clean
 help: ## lists the targets
 	@sed -n 's/^\([a-z]*\):.*## /make \1	/p' Makefile
 
@@ -68,6 +68,11 @@ install: ## installs library, headers, data, CMake package and pkg-config module
 	$(if $(PREFIX),@cmake -DCMAKE_INSTALL_PREFIX=$(PREFIX) build/$(PRESET) >/dev/null)
 	$(call build,$(PRESET))
 	@cmake --install build/$(PRESET)
+
+deb: ## Debian packages in build/deb, checked and tried
+	$(packages) build test docs deb
+	@scripts/build-deb
+	@scripts/test-deb
 
 uninstall: ## removes what the last install from here installed; same DESTDIR
 	@scripts/uninstall build/$(PRESET)/install_manifest.txt $(DESTDIR)

@@ -284,7 +284,15 @@ void Overview::drawNodes(Drawable picture, const lm::OverviewScale& scale)
 
 Widget XmGraphCreateOverView(Widget graph, Widget parent)
 {
-    Widget widget = XtVaCreateWidget("overview", xmDrawingAreaWidgetClass, parent, XmNwidth, 200, XmNheight, 150, nullptr);
-    new Overview(graph, widget);   // goes with the widget
+    struct Size {
+        Dimension width, height;
+    } size;
+    XtResource table[] = {lm::resource(&size, size.width, XmNwidth, XmCWidth, "200"),
+                          lm::resource(&size, size.height, XmNheight, XmCHeight, "150")};
+    XtGetSubresources(parent, &size, "overview", "XmDrawingArea", table, XtNumber(table), nullptr, 0);
+    Widget widget =
+        XtVaCreateWidget("overview", xmDrawingAreaWidgetClass, parent, XmNwidth, size.width, XmNheight, size.height, nullptr);
+    const bool usable = graph && XtIsSubclass(graph, coreWidgetClass) && !graph->core.being_destroyed;
+    new Overview(usable ? graph : nullptr, widget);   // goes with the widget
     return widget;
 }

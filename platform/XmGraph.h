@@ -34,6 +34,7 @@ LM_API void XmGraphRemoveArc(Widget graph, Widget from, Widget to);
 ///
 /// `graph` may be any composite widget: one without the resources counts as having them false. The overview follows nodes
 /// that come, go and move, redrawing once for any number of changes; when the graph is destroyed it becomes empty. It may be
-/// destroyed before the graph. A null graph: an empty overview.
+/// destroyed before the graph. A null graph, or a gadget: an empty overview. Its size is 200 x 150 pixels
+/// unless resources say otherwise.
 LM_API Widget XmGraphCreateOverView(Widget graph, Widget parent);
 }

@@ -2,11 +2,16 @@
 
 #include "ChartPage.h"
 #include "ConsolePage.h"
+#include "ControlPage.h"
 #include "DialogPage.h"
 #include "GraphPage.h"
+#include "GridPage.h"
 #include "MenuPage.h"
+#include "ModifiedPage.h"
 #include "OutlinePage.h"
 #include "PreferencePage.h"
+#include "ResizerPage.h"
+#include "ScrollPage.h"
 #include "SearchPage.h"
 #include "TabPage.h"
 
@@ -97,6 +102,11 @@ void GalleryWindow::addPages()
     _pages.push_back(std::make_unique<TabPage>(_deck));
     _pages.push_back(std::make_unique<OutlinePage>(_deck));
     _pages.push_back(std::make_unique<GraphPage>(_deck));
+    _pages.push_back(std::make_unique<GridPage>(_deck));
+    _pages.push_back(std::make_unique<ResizerPage>(_deck));
+    _pages.push_back(std::make_unique<ScrollPage>(_deck));
+    _pages.push_back(std::make_unique<ControlPage>(_deck));
+    _pages.push_back(std::make_unique<ModifiedPage>(_deck));
     for (const auto& page : _pages) {
         const lm::XmText title(XmStringCreateLocalized(lm::xtText(page->title())));
         XmListAddItemUnselected(_list, title.get(), 0);

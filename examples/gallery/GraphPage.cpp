@@ -50,10 +50,10 @@ GraphPage::GraphPage(Widget parent) : Page("graphPage", parent)
     lm::on<&GraphPage::openOverview>(row::button("openOverview", buttons), XmNactivateCallback, this);
     lm::on<&GraphPage::turn>(row::button("turnGraph", buttons), XmNactivateCallback, this);
 
-    Widget frame = XtVaCreateManagedWidget("graphFrame", xmScrolledWindowWidgetClass, body(), XmNscrollingPolicy, XmAUTOMATIC,
-                                           XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, buttons, XmNtopOffset, margin,
-                                           XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM,
-                                           XmNbottomAttachment, XmATTACH_FORM, nullptr);
+    Widget frame =
+        XtVaCreateManagedWidget("graphFrame", xmScrolledWindowWidgetClass, body(), XmNscrollingPolicy, XmAUTOMATIC,
+                                XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, buttons, XmNtopOffset, margin, XmNleftAttachment,
+                                XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNbottomAttachment, XmATTACH_FORM, nullptr);
     _graph = XmCreateGraph(frame, "graph", nullptr, 0);
     addNodes();
     XtManageChild(_graph);

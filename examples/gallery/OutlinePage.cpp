@@ -133,7 +133,4 @@ void OutlinePage::mark()
     say(std::to_string(keys.size() - 1) + " names with \"" + wanted.get() + "\"");
 }
 
-void OutlinePage::clearMarks()
-{
-    _outline.unhighlight(_markStyle);
-}
+void OutlinePage::clearMarks() { _outline.unhighlight(_markStyle); }

@@ -6,7 +6,7 @@
 #include <Xm/DrawingA.h>
 #include <Xm/Form.h>
 #include <Xm/LabelG.h>
-#include <Xm/PushB.h>
+#include <Xm/PushBG.h>
 #include <Xm/ScrolledW.h>
 #include <Xm/Xm.h>
 
@@ -22,6 +22,8 @@ protected:
     // A graph of 400 x 400 in a scrolled window of 200 x 200, and beside it its overview of 108 x 108: a quarter, and 4 free.
     void build(WidgetClass cls = xmGraphWidgetClass)
     {
+        setResource("*overview.width: 108");
+        setResource("*overview.height: 108");
         Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell(), nullptr);
         window = XtVaCreateManagedWidget("window", xmScrolledWindowWidgetClass, form, XmNscrollingPolicy, XmAUTOMATIC, XmNwidth,
                                          200, XmNheight, 200, nullptr);
@@ -30,7 +32,7 @@ protected:
         other = XtVaCreateManagedWidget("other", xmDrawingAreaWidgetClass, form, XmNx, 220, XmNwidth, 210, XmNheight, 108,
                                         XmNresizePolicy, XmRESIZE_NONE, XmNmarginWidth, 0, XmNmarginHeight, 0, nullptr);
         overview = XmGraphCreateOverView(graph, other);
-        XtVaSetValues(overview, XmNwidth, 108, XmNheight, 108, XmNforeground, red, nullptr);
+        XtVaSetValues(overview, XmNforeground, red, nullptr);
         EXPECT_FALSE(XtIsManaged(overview));
         XtManageChild(overview);
     }
@@ -58,13 +60,18 @@ protected:
 TEST_F(XmGraphOnScreen, NodesStandWhereTheyAskToAndTheGraphGrowsForThem)
 {
     build();
-    Widget first = node(0, 0), second = node(160, 100, xmLabelGadgetClass);
+    Widget first = node(0, 0), second = node(160, 100, xmPushButtonGadgetClass);
     XmGraphAddArc(graph, first, second);
     realize();
 
     EXPECT_EQ(pixelAt(graph, 100, 70), red);   // halfway between (20, 20) and (180, 120)
     EXPECT_EQ(pixelAt(graph, 20, 20), green);
     EXPECT_EQ(graph->core.width, 400);
+    bool pushed = false;
+    XtAddCallback(
+        second, XmNactivateCallback, [](Widget, XtPointer flag, XtPointer) { *static_cast<bool*>(flag) = true; }, &pushed);
+    click(second, 8, 8);
+    settleUntil([&] { return pushed; });
 
     XtVaSetValues(second, XmNx, 460, nullptr);
     XtVaSetValues(first, XmNy, 80, XmNx, 100, nullptr);
@@ -91,6 +98,7 @@ TEST_F(XmGraphOnScreen, TheOverviewFollowsNodesAndArcs)
     expectShown(4 + 55, 4 + 55, green);        // a gadget
     expectShown(4 + 30, 4 + 30, red);          // the arc
     EXPECT_EQ(pixelAt(overview, 4, 4), red);   // the outline of a node
+    expectPicture(overview, "overview");
 
     XtVaSetValues(second, XmNx, 300, XmNy, 100, nullptr);
     expectShown(4 + 80, 4 + 30, green);
