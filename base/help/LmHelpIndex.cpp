@@ -66,9 +66,12 @@ Widget LmHelpIndex::createDialog(Widget parent)
     if (isComponent(_outline))
         delete _outline;   // of a dialog that was destroyed
     _outline = new LmOutline("outline", dialog, True);
-    if (OpenReadMapFile())
-        XtAddCallback(_outline->listWidget(), XmNdefaultActionCallback, LmHelpSelectCallback, nullptr);
-    _outline->displayAll();   // before the dialog is shown: it is as wide as the topics
+    const bool hasTopics = OpenReadMapFile();
+    LmOutline* shown = outline();   // a warning runs events
+    if (hasTopics && shown)
+        XtAddCallback(shown->listWidget(), XmNdefaultActionCallback, LmHelpSelectCallback, nullptr);
+    if (shown)
+        shown->displayAll();   // before the dialog is shown: it is as wide as the topics
     return dialog;
 }
 
@@ -100,7 +103,7 @@ bool LmHelpIndex::addSection(const std::string& text, const char* name)
     std::optional<lm::HelpSection> section = lm::readHelpSection(text, name);
     if (!section)
         return false;
-    if (!section->isClosed)
+    if (!section->isClosed || !outline())
         return true;
     std::vector<char*> topics;
     for (std::string& topic : section->topics) {
