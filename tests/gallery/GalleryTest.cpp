@@ -79,7 +79,9 @@ std::string faultsOf(Widget page)
             XtWidgetGeometry natural{};
             XtQueryGeometry(w, nullptr, &natural);
             if (w->core.width < natural.width || w->core.height < natural.height)
-                faults += std::string(XtName(w)) + " is clipped " + std::to_string(w->core.width)+"x"+std::to_string(w->core.height)+" of "+std::to_string(natural.width)+"x"+std::to_string(natural.height)+"; ";
+                faults += std::string(XtName(w)) + " is clipped " + std::to_string(w->core.width) + "x" +
+                          std::to_string(w->core.height) + " of " + std::to_string(natural.width) + "x" +
+                          std::to_string(natural.height) + "; ";
             if (x < 0 || y < 0 || right < 0 || bottom < 0)
                 faults += std::string(XtName(w)) + " leaves the page; ";
         }
