@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 /// A dialog for a set of file names. On the left the user browses directories; arrows move selected files, or what
 /// selected directories hold, into the set on the right. Names and shell patterns can be typed, too.
@@ -42,8 +43,8 @@
 ///   Callbacks  dismissCallback, when OK (call data 1) or Cancel (0) was pressed, before the dialog goes; closing the dialog is
 ///                Cancel. It may delete the component.
 ///   Errors     a directory that cannot be opened is not browsed; a command that cannot be started adds nothing. 10,000
-///                files or more in one search, and paths or texts of more than 1,024 bytes, are refused with the warning
-///                dialog. Null texts do nothing.
+///                lines or more in one addDirs(), and paths or patterns of more than 1,024 bytes, are refused with the
+///                warning dialog. Null texts do nothing.
 class LM_API LmFileSet : public LmComponent {
 public:
     static const char* const dismissCallback;   ///< "dismissCallback"
@@ -73,8 +74,8 @@ public:
 
     /// Adds the selected files on the left to the set.
     void addFiles();
-    /// Adds what the selected directories on the left hold. Runs events; the component may be gone afterwards. Nothing
-    /// while another search runs.
+    /// Adds what the selected directories on the left hold, when that is less than 10,000 lines. Runs events; the component
+    /// may be gone afterwards. Nothing while another search runs.
     void addDirs();
     /// Adds the typed name, unless the set has it, or the files that match the typed patterns, as addDirs() does.
     void addFileDirect();
@@ -91,21 +92,22 @@ public:
     void clear();
 
 private:
-    struct Lists;    // the three lists, with the bytes of their names
-    struct Search;   // a command whose output goes into the set
+    struct Lists;   // the three lists, with the bytes of their names
+    struct Found;   // what commands printed
 
     void createDialog(Widget parent);
     void createLeft(Widget parent);
     void createRight(Widget parent);
     void createButtons(Widget parent);
-    Widget createArrow(Widget parent, const char* name, const char* label);
-    void showTyped(Widget field, const std::string& path) const;
-    void collect();
-    bool run(Search& search, const std::string& command);
+    void connectWidgets(bool connect);
+    void showReadOnly(Widget field) const;
+    void listDirectory(const std::string& dir);
+    Found search(const std::vector<std::string>& commands, const std::string& dir, bool ofDirectories);
+    void addPatterns(const std::string& text);
     void warn(const char* message) const;
 
     void directoryEntered();
-    void directoryOpened(XtPointer selection);
+    void directoryOpened(XmListCallbackStruct* chosen);
     void removeSelected();
     void literalToggled();
     void recursiveToggled();
@@ -119,8 +121,10 @@ private:
     Boolean _recursive = False;
     bool _searching = false;
     Pixel _readOnlyBackground = 0;   // resource
-    Widget _directoryField = nullptr, _workingField = nullptr, _fileText = nullptr;
-    Widget _literalButton = nullptr, _recursiveButton = nullptr;
+    Widget _currentDirectory = nullptr, _workingDirectory = nullptr, _fileText = nullptr;
+    Widget _moveDirsButton = nullptr, _moveFilesButton = nullptr, _removeButton = nullptr;
+    Widget _recursiveButton = nullptr, _literalButton = nullptr;
+    Widget _okButton = nullptr, _cancelButton = nullptr, _helpButton = nullptr;
     std::unique_ptr<Lists> _lists;
 };
 

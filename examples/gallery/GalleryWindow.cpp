@@ -4,6 +4,7 @@
 #include "ConsolePage.h"
 #include "ControlPage.h"
 #include "DialogPage.h"
+#include "FileSetPage.h"
 #include "GraphPage.h"
 #include "GridPage.h"
 #include "MenuPage.h"
@@ -97,6 +98,7 @@ void GalleryWindow::addPages()
     _pages.push_back(std::make_unique<PreferencePage>(_deck, this));
     _preferencePage = static_cast<PreferencePage*>(_pages.back().get());
     _pages.push_back(std::make_unique<SearchPage>(_deck));
+    _pages.push_back(std::make_unique<FileSetPage>(_deck));
     _pages.push_back(std::make_unique<ChartPage>(_deck));
     _pages.push_back(std::make_unique<ConsolePage>(_deck));
     _pages.push_back(std::make_unique<TabPage>(_deck));
