@@ -12,7 +12,8 @@
 // --- the busy dialog ---------------------------------------------------------------------------------------------------
 
 lm::InterruptibleBusy::InterruptibleBusy(LmSimpleWindow* window)
-    : _window(window), _replaced(getTheBusyDialog() == getTheDefaultBusyDialog())
+    : _window(window),
+      _replaced(getTheBusyDialog() == getTheDefaultBusyDialog())
 {
     theApplication->busy();
     if (_replaced)
@@ -46,13 +47,14 @@ bool lm::InterruptibleBusy::wasCancelled() const
 // --- the search --------------------------------------------------------------------------------------------------------
 
 static constexpr const char* searching = "Searching, Please wait...";
-static constexpr std::size_t progressStep = 25;        // lines
+static constexpr std::size_t progressStep = 25;           // lines
 static constexpr unsigned long quietMilliseconds = 500;   // without a message
 
 lm::FileSearch::FileSearch(LmSimpleWindow* window, std::size_t limit, std::function<bool()> goesOn)
-    : _busy(window), _limit(limit), _goesOn(std::move(goesOn))
-{
-}
+    : _busy(window),
+      _limit(limit),
+      _goesOn(std::move(goesOn))
+{}
 
 void lm::FileSearch::announce()
 {
@@ -68,8 +70,7 @@ public:
     explicit Output(lm::ShellCommand& command) : _command(command)
     {
         auto* condition = reinterpret_cast<XtPointer>(XtInputReadMask);
-        _input = lm::InputHandle(
-            XtAppAddInput(theApplication->appContext(), command.descriptor(), condition, takeInput, this));
+        _input = lm::InputHandle(XtAppAddInput(theApplication->appContext(), command.descriptor(), condition, takeInput, this));
     }
     bool isWaiting() const { return bytes.size() == _seen && !atEnd; }
     void see() { _seen = bytes.size(); }
@@ -94,10 +95,8 @@ private:
 /// A moment from now, in the event loop.
 class Later {
 public:
-    explicit Later(unsigned long milliseconds)
-        : _timer(XtAppAddTimeOut(theApplication->appContext(), milliseconds, happen, this))
-    {
-    }
+    explicit Later(unsigned long milliseconds) : _timer(XtAppAddTimeOut(theApplication->appContext(), milliseconds, happen, this))
+    {}
     explicit operator bool() const { return _happened; }
 
 private:

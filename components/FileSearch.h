@@ -27,7 +27,7 @@ public:
 
 private:
     LmSimpleWindow* _window;
-    bool _replaced;    // the interrupt dialog is in the default one's place
+    bool _replaced;   // the interrupt dialog is in the default one's place
     bool _said = false;
 };
 

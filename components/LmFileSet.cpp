@@ -36,7 +36,9 @@ static std::string currentDirectory()
 }
 
 LmFileSet::LmFileSet(Widget parent, const char* name)
-    : LmComponent(name), _workingDir(currentDirectory()), _lists(std::make_unique<Lists>())
+    : LmComponent(name),
+      _workingDir(currentDirectory()),
+      _lists(std::make_unique<Lists>())
 {
     lm::requireApplication("LmFileSet");
     createDialog(parent);

@@ -37,6 +37,11 @@ static const String _resources[] = {
     lm::xtText("helpButton*labelString:             Help"),
     lm::xtText("okButton*labelString:               OK"),
     lm::xtText("label1*labelString:                 Name or Pattern"),
+    lm::xtText("currentDirectoryWidget.columns:     38"),
+    lm::xtText("moveDirsButton.width:               24"),
+    lm::xtText("moveDirsButton.height:              24"),
+    lm::xtText("moveFilesButton.width:              24"),
+    lm::xtText("moveFilesButton.height:             24"),
     nullptr,
 };
 
@@ -52,7 +57,10 @@ static void label(Widget parent, const char* name)
     XtVaCreateManagedWidget(name, xmLabelWidgetClass, parent, XmNalignment, XmALIGNMENT_BEGINNING, nullptr);
 }
 
-static Widget field(Widget parent, const char* name) { return XtVaCreateManagedWidget(name, xmTextFieldWidgetClass, parent, nullptr); }
+static Widget field(Widget parent, const char* name)
+{
+    return XtVaCreateManagedWidget(name, xmTextFieldWidgetClass, parent, nullptr);
+}
 
 static Widget list(Widget parent, const char* name)
 {
