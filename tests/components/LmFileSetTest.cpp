@@ -40,15 +40,15 @@ struct Folder {
     {
         const fs::path file = fs::path(path) / name;
         fs::create_directories(file.parent_path());
-        close(open(file.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0644));
+        close(creat(file.c_str(), 0644));
         return file;
     }
     /// Files "0", "1" ... below a folder.
     void makeMany(const std::string& name, int count) const
     {
-        fs::create_directories(fs::path(path) / name);
-        for (int i = 0; i < count; ++i)
-            make(name + "/" + std::to_string(i));
+        const std::string folder = fs::path(make(name + "/0")).parent_path().string() + "/";
+        for (int i = 1; i < count; ++i)
+            close(creat((folder + std::to_string(i)).c_str(), 0644));
     }
     std::string path;
 };
@@ -154,6 +154,7 @@ TEST_F(FileSetOnScreen, MouseAndKeyboardPutASetTogether)
     type("*.c\n");
     EXPECT_EQ(set().size(), 4U) << "files, no directory";
     click(part("literalButton"));
+    click(part("fileTextWidget"));
     type("\n\n");
     EXPECT_EQ(set().back(), "*.c");
     EXPECT_EQ(set().size(), 5U);
