@@ -257,8 +257,7 @@ void LmFileSet::addPatterns(const std::string& text)
         return;
     if (text.size() > longestPath)
         return warn(tooLong);
-    // Directories as names, not as what they hold. The user's style of quoting is for terminals.
-    const std::string command = "QUOTING_STYLE=literal /bin/ls -d -- " + lm::shellPatterns(text);
+    const std::string command = "/bin/ls -d -- " + lm::shellPatterns(text);   // -d: the names of directories, not what they hold
     Found found = search({command}, _browsedDir, false);
     if (found.lines) {
         _lists->set.endSelection();

@@ -5,11 +5,25 @@
 #include "support/resources.h"
 
 #include <array>
-#include <iterator>
+#include <string_view>
+#include <vector>
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
+
+/// The environment without the style in which ls quotes names, also where nobody reads them.
+static std::vector<char*> plainNames(char** environment)
+{
+    std::vector<char*> strings;
+    for (; *environment; ++environment) {
+        if (!std::string_view(*environment).starts_with("QUOTING_STYLE="))
+            strings.push_back(*environment);
+    }
+    strings.push_back(nullptr);
+    return strings;
+}
 
 lm::ShellCommand::ShellCommand(const std::string& command, const std::string& directory)
 {
@@ -18,10 +32,13 @@ lm::ShellCommand::ShellCommand(const std::string& command, const std::string& di
     if (!pipe || !null || !makeNonBlocking(pipe.read.get()))
         return;
     const ChildEnvironment environment;
+    const std::vector<char*> strings = plainNames(environment.strings());
     const ChildSignals signals;
-    char* const arguments[] = {xtText("sh"), xtText("-c"), xtText(command.c_str()), nullptr};
+    const std::string line = "exec " + command;   // the command itself is our child
+    char* const arguments[] = {xtText("sh"), xtText("-c"), xtText(line.c_str()), nullptr};
     _pid = makeChild([&]() noexcept {
         setsid();
+        prctl(PR_SET_PDEATHSIG, SIGKILL);   // a program that ends stops its searches, too
         if (chdir(directory.c_str()) == -1)
             _exit(127);
         if (dup2(pipe.write.get(), STDOUT_FILENO) == -1 || dup2(null.get(), STDIN_FILENO) == -1)
@@ -29,7 +46,7 @@ lm::ShellCommand::ShellCommand(const std::string& command, const std::string& di
         fillStandardDescriptors();
         closeOtherDescriptors();
         signals.take();
-        execve("/bin/sh", arguments, environment.strings());
+        execve("/bin/sh", arguments, strings.data());
     });
     if (_pid > 0)
         _output = std::move(pipe.read);

@@ -9,9 +9,10 @@
 
 namespace lm {
 
-/// A child that runs a command with /bin/sh in a directory, as popen would have it, in a session of its own. Its input is
-/// /dev/null, its messages go where the program's go. It has the environment and the signals of every child (ChildSide.h).
-/// When the object goes the child and whatever it started end, and the child is waited for, a tenth of a second at most.
+/// A child that runs one simple command with /bin/sh in a directory, in a session of its own. Its input is /dev/null, its
+/// messages go where the program's go. It has the signals and the environment of every child (ChildSide.h), without
+/// QUOTING_STYLE, which changes what ls prints. When the object goes, or the program, the child ends; it is waited for, a tenth
+/// of a second at most.
 class ShellCommand {
 public:
     ShellCommand(const std::string& command, const std::string& directory);

@@ -132,6 +132,26 @@ struct FileSetOnScreen : Folder, OnScreen {
     }();
 };
 
+// clang-format off
+const Names hostileNames = {
+    "a b", " lead", "trail ", "tab\there", "it's", "'", "''", "\"", "\"x\"", "`touch $CANARY`", "$(touch $CANARY)",
+    "$((touch $CANARY))", "${CANARY}", "$CANARY", "$", "$$", ";touch $CANARY", "; touch $CANARY;", "a;b", "|touch $CANARY",
+    "||touch $CANARY", "&touch $CANARY", "&&touch $CANARY", "a&", ">$CANARY", ">>$CANARY", "2>$CANARY", "<$CANARY",
+    "';touch $CANARY;'", "\";touch $CANARY;\"", "'`touch $CANARY`'", "\\", "\\'", "x\\", "\\;touch $CANARY", "*", "?", "[a]",
+    "[!a]*", "~", "~root", "-", "--", "-rf", "--help", "-exec touch $CANARY ;", "-print0", "#x", "!x", "!!", "(touch $CANARY)",
+    "{a,b}", "{touch $CANARY;}", "=x", "a=b", "%s%n", "new\ntouch $CANARY", "\n", "\x01\x7F\x1B[0m", "\xFF\xFE",
+    "\x81\x84\x88", "k\xC3\xA4se", "\r", "done", std::string(255, 'n'), std::string(254, '\'')};
+const char* const hostilePatterns[] = {
+    "*;touch $CANARY", "*|touch $CANARY", "*&touch $CANARY", "*&&touch $CANARY", "*||touch $CANARY", "*\ntouch $CANARY",
+    "`touch $CANARY`*", "$(touch $CANARY)*", "$((`touch $CANARY`))", "${X:-`touch $CANARY`}", "${X:=$(touch $CANARY)}",
+    "*>$CANARY", "*>>$CANARY", "*<$CANARY", "2>$CANARY*", "*>|$CANARY", "<>$CANARY*", "\"`touch $CANARY`\"*",
+    "\"$(touch $CANARY)*\"", "\"*\";touch $CANARY", "'*';touch $CANARY", "*';touch $CANARY", "*\";touch $CANARY",
+    "\\*;touch $CANARY", "*\\;touch $CANARY", "*\\\ntouch $CANARY", "(touch $CANARY)*", "{ touch $CANARY;}*",
+    "! touch $CANARY *", "*#\ntouch $CANARY", "~;touch $CANARY", "~`touch $CANARY`", "$EVIL", "\"$EVIL\"*", "${EVIL}*",
+    "[`touch $CANARY`]*", "[;touch $CANARY;]", "?$`touch $CANARY`", "<<X*\n$(touch $CANARY)\nX", "<(touch $CANARY)*",
+    "-exec touch $CANARY ; *", "${EVIL@P}*", "${!EVIL}*", "~$(touch $CANARY)/*", "$'\\n'touch $CANARY*", "--help *", "\\"};
+// clang-format on
+
 constexpr const char* limitWarning = "Attempt to add more than 10000 files \nto a fileset! Ignoring added files";
 
 }   // namespace
@@ -143,7 +163,6 @@ TEST_F(FileSetOnScreen, MouseAndKeyboardPutASetTogether)
     fs::create_directory("dir.c");
     browse();
     Heard dismissed(*files, LmFileSet::dismissCallback);
-
 
     click(part("filesList"), 10, 5);   // the first of them, in the order of the directory
     click(part("moveFilesButton"));
@@ -227,14 +246,9 @@ TEST_F(FileSetOnScreen, DirectoriesAreBrowsed)
 
 TEST_F(FileSetOnScreen, NothingInANameIsRun)
 {
-    Names names = {"a b", " lead", "trail ", "tab\there", "it's", "'", "''", "\"", "\"x\"", "`touch $CANARY`", "$(touch $CANARY)",
-                   "$((touch $CANARY))", "${CANARY}", "$CANARY", "$", "$$", ";touch $CANARY", "; touch $CANARY;", "a;b", "|touch $CANARY",
-                   "||touch $CANARY", "&touch $CANARY", "&&touch $CANARY", "a&", ">$CANARY", ">>$CANARY", "2>$CANARY", "<$CANARY",
-                   "';touch $CANARY;'", "\";touch $CANARY;\"", "'`touch $CANARY`'", "\\", "\\'", "x\\", "\\;touch $CANARY", "*", "?", "[a]",
-                   "[!a]*", "~", "~root", "-", "--", "-rf", "--help", "-exec touch $CANARY ;", "-print0", "#x", "!x", "!!", "(touch $CANARY)",
-                   "{a,b}", "{touch $CANARY;}", "=x", "a=b", "%s%n", "new\ntouch $CANARY", "\n", "\x01\x7F\x1B[0m", "\xFF\xFE",
-                   "\x81\x84\x88", "k\xC3\xA4se", "\r", "done", std::string(255, 'n'), std::string(254, '\'')};
+    Names names = hostileNames;
     ASSERT_GE(names.size(), 60U);
+    ASSERT_GE(std::size(hostilePatterns), 40U);
     for (const std::string& name : names) {
         make("dirs/" + name + "/in");
         make("files/" + name);
@@ -284,15 +298,15 @@ TEST_F(FileSetOnScreen, OnlyPatternsActInWhatIsTyped)
     setenv("VALUE", "b c", 1);
     setenv("EVIL", "$(touch $CANARY);`touch $CANARY`", 1);
     setenv("QUOTING_STYLE", "c", 1);
+    // clang-format off
     const struct {
         const char* typed;
         Names found;
     } cases[] = {
-        {"*.c", {"-d.c", "a.c", "b c.c"}},     {"?.c *colon", {"a.c", "semi;colon"}}, {"[a-b]*.c", {"a.c", "b c.c"}},
-        {"~/*.c", {"home/h.c"}},               {"$VALUES.c", {}},                     {"${VALUE}.c", {"b c.c"}},
-        {"\"$VALUE\"*", {"b c.c"}},            {"-d*", {"-d.c"}},                     {"'b c'*", {"b c.c"}},
-        {"b\\ c*", {"b c.c"}},                 {"semi;*", {"semi;colon"}},            {"b[[]1*", {"b[1]"}},
-        {"home/../a.?", {"a.c"}},    };
+        {"*.c", {"-d.c", "a.c", "b c.c"}}, {"?.c *colon", {"a.c", "semi;colon"}}, {"[a-b]*.c", {"a.c", "b c.c"}},
+        {"~/*.c", {"home/h.c"}}, {"$VALUES.c", {}}, {"${VALUE}.c", {"b c.c"}}, {"\"$VALUE\"*", {"b c.c"}}, {"-d*", {"-d.c"}},
+        {"'b c'*", {"b c.c"}}, {"b\\ c*", {"b c.c"}}, {"semi;*", {"semi;colon"}}, {"b[[]1*", {"b[1]"}}, {"home/../a.?", {"a.c"}}};
+    // clang-format on
     for (const auto& [typed, expected] : cases) {
         enter(typed);
         Names sorted = expected;
@@ -300,15 +314,7 @@ TEST_F(FileSetOnScreen, OnlyPatternsActInWhatIsTyped)
         EXPECT_EQ(taken(), sorted) << typed;
     }
     files->clear();
-    for (const char* hostile :
-         {"*;touch $CANARY", "*|touch $CANARY", "*&touch $CANARY", "*&&touch $CANARY", "*||touch $CANARY", "*\ntouch $CANARY",
-          "`touch $CANARY`*", "$(touch $CANARY)*", "$((`touch $CANARY`))", "${X:-`touch $CANARY`}", "${X:=$(touch $CANARY)}",
-          "*>$CANARY", "*>>$CANARY", "*<$CANARY", "2>$CANARY*", "*>|$CANARY", "<>$CANARY*", "\"`touch $CANARY`\"*",
-          "\"$(touch $CANARY)*\"", "\"*\";touch $CANARY", "'*';touch $CANARY", "*';touch $CANARY", "*\";touch $CANARY",
-          "\\*;touch $CANARY", "*\\;touch $CANARY", "*\\\ntouch $CANARY", "(touch $CANARY)*", "{ touch $CANARY;}*", "! touch $CANARY *",
-          "*#\ntouch $CANARY", "~;touch $CANARY", "~`touch $CANARY`", "$EVIL", "\"$EVIL\"*", "${EVIL}*", "[`touch $CANARY`]*",
-          "[;touch $CANARY;]", "?$`touch $CANARY`", "<<X*\n$(touch $CANARY)\nX", "<(touch $CANARY)*", "-exec touch $CANARY ; *",
-          "${EVIL@P}*", "${!EVIL}*", "~$(touch $CANARY)/*", "$'\\n'touch $CANARY*", "--help *", "\\"}) {
+    for (const char* hostile : hostilePatterns) {
         enter(hostile);
         EXPECT_FALSE(fs::exists(canary())) << hostile;
     }
@@ -359,57 +365,83 @@ TEST_F(FileSetOnScreen, TooMuchIsRefusedWithAWarning)
     EXPECT_EQ(files->fileset(), nullptr);
 }
 
-TEST_F(FileSetOnScreen, ASearchEndsWithItsProcesses)
-{
-    makeMany("tree", reducedInSanitizer(50000));
-    browse();
-    files->setRecursive(True);
-    static FileSetOnScreen* self;
-    self = this;
-    static void (*ending)();
-    int postings = 0;
-    getTheInterruptDialog()->addCallback(
-        LmDialogManager::prepostCallback,
-        [](LmCallbackObject*, void* count, void*) {
-            if (++*static_cast<int*>(count) == 3)   // the search has found fifty
-                XtAppAddTimeOut(app().appContext(), 0, [](XtPointer, XtIntervalId*) { ending(); }, nullptr);
-        },
-        &postings);
-    const auto endBy = [&](void (*by)()) {
+namespace {
+
+/// What is done to a search once its command runs.
+struct SearchOnScreen : FileSetOnScreen {
+    SearchOnScreen()
+    {
+        for (int i = 0; i < 10; ++i) {   // ten ways to go, ten times: a search that finds nothing for a long time
+            fs::create_directories("maze/" + std::to_string(i));
+            for (int j = 0; j < 10; ++j)
+                fs::create_directory_symlink("../" + std::to_string(i + 1),
+                                             "maze/" + std::to_string(i) + "/" + std::to_string(j));
+        }
+        fs::create_directory("maze/10");
+        files->setBrowsedDirectory("maze");
+        files->setRecursive(True);
+    }
+    void endBy(void (*by)(SearchOnScreen&), const std::function<void()>& search)
+    {
         ending = by;
-        postings = 0;
-        files->show();
-        select("directoryList", {"tree"});
-        files->addDirs();
-        EXPECT_GE(postings, 3);
+        XtAppAddTimeOut(app().appContext(), 20, endWhenItRuns, this);
+        search();
+        EXPECT_EQ(ending, nullptr);
         EXPECT_FALSE(isSearching());
         EXPECT_EQ(app().busyCount(), 0);
         EXPECT_EQ(getTheInterruptDialog()->lastPosted(), nullptr);
         EXPECT_EQ(getTheBusyDialog(), getTheDefaultBusyDialog());
         EXPECT_FALSE(isPosted());
-    };
-    endBy([] { click(childNamed(getTheInterruptDialog()->lastPosted(), "Cancel")); });
-    EXPECT_EQ(files->fileset(), nullptr) << "cancelled";
-    endBy([] { sendProtocol(XtParent(self->files->baseWidget()), "WM_DELETE_WINDOW"); });
-    EXPECT_EQ(files->fileset(), nullptr) << "closed";
-    EXPECT_FALSE(XtIsManaged(files->baseWidget()));
+    }
+    static void endWhenItRuns(XtPointer me, XtIntervalId*)
+    {
+        auto* self = static_cast<SearchOnScreen*>(me);
+        if (self->isSearching() && getTheInterruptDialog()->lastPosted())
+            std::exchange(self->ending, nullptr)(*self);
+        else
+            XtAppAddTimeOut(app().appContext(), 20, endWhenItRuns, me);
+    }
+    static void cancel(SearchOnScreen&) { click(childNamed(getTheInterruptDialog()->lastPosted(), "Cancel")); }
 
-    LmBusyDialog own("own");   // the application's choice stays
+    void (*ending)(SearchOnScreen&) = nullptr;
+};
+
+}   // namespace
+
+TEST_F(SearchOnScreen, EndsWithItsProcesses)
+{
+    const auto search = [this] {
+        files->show();
+        select("directoryList", {"0"});
+        files->addDirs();
+    };
+    Heard dismissed(*files, LmFileSet::dismissCallback);
+    endBy(cancel, search);
+    endBy(cancel, [this] { enter(path + "/maze/0/*/*/*/*/*/*/*/*/*"); });
+    endBy([](SearchOnScreen& t) { sendProtocol(XtParent(t.files->baseWidget()), "WM_DELETE_WINDOW"); }, search);
+    EXPECT_EQ(dismissed.values, std::vector<int>{0});
+    EXPECT_FALSE(XtIsManaged(files->baseWidget()));
+    EXPECT_EQ(files->fileset(), nullptr);
+    endBy([](SearchOnScreen& t) { t.files.reset(); }, search);
+    EXPECT_EQ(files, nullptr);
+}
+
+TEST_F(SearchOnScreen, LeavesTheApplicationsBusyDialogAlone)
+{
+    makeMany("tree", 20000);   // more than fits into the pipe
+    browse();
+    select("directoryList", {"tree"});
+    LmBusyDialog own("own");
+    Heard postings(own, LmDialogManager::prepostCallback);
     app().setBusyDialog(&own);
     files->addDirs();
+    EXPECT_EQ(postings.values.size(), 400U) << "the first message, and one for every 25 lines";
     EXPECT_EQ(getTheBusyDialog(), &own);
-    EXPECT_EQ(warning(), reducedInSanitizer(50000) < 10000 ? "" : limitWarning);
+    EXPECT_EQ(own.lastPosted(), nullptr);
+    EXPECT_EQ(warning(), limitWarning);
+    EXPECT_EQ(files->fileset(), nullptr);
     EXPECT_FALSE(isSearching());
-    getTheWarningDialog()->unpostAll();
     app().setBusyDialog(nullptr);
-
-    ending = [] { self->files.reset(); };
-    postings = 0;
-    files->show();
-    files->addDirs();
-    EXPECT_EQ(files, nullptr);
-    EXPECT_FALSE(isSearching());
-    EXPECT_EQ(app().busyCount(), 0);
 }
 
 TEST_F(FileSetOnScreen, ItsOwnerMayDestroyItWhenItIsDismissed)

@@ -1,5 +1,5 @@
-#include "components/CanonicalPath.h"
 #include "components/FilePatterns.h"
+#include "components/CanonicalPath.h"
 
 #include <gtest/gtest.h>
 
@@ -46,8 +46,8 @@ TEST(FilePatternsModel, OnlyPatternsActInWhatIsTyped)
 
 TEST(CanonicalPathModel, APathLosesItsDetours)
 {
-    const std::map<std::string, std::string> links = {
-        {"/a/away", "/x/y"}, {"/a/near", "b/c"}, {"/a/up", ".."}, {"/a/loop", "loop"}, {"/a/one", "two"}, {"/a/two", "/a/one"}};
+    const std::map<std::string, std::string> links = {{"/a/away", "/x/y"}, {"/a/near", "b/c"}, {"/a/up", ".."},
+                                                      {"/a/loop", "loop"}, {"/a/one", "two"},  {"/a/two", "/a/one"}};
     const auto target = [&](const std::string& path) {
         const auto link = links.find(path);
         return link == links.end() ? std::nullopt : std::optional(link->second);
@@ -55,9 +55,20 @@ TEST(CanonicalPathModel, APathLosesItsDetours)
     const struct {
         const char *path, *canonical;
     } cases[] = {
-        {"/", "/"},          {"//a///b//", "/a/b"},     {"/a/./b/.", "/a/b"},     {"/a/b/../c", "/a/c"},   {"/../..", "/"},
-        {"/a/b/../..", "/"}, {"/a/away", "/a/away"},    {"/a/away/..", "/x"},     {"/a/away/../z", "/x/z"}, {"/a/near/../d", "/a/b/d"},
-        {"/a/up/..", "/"},   {"/a/loop/../b", "/a/b"}, {"/a/one/../b", "/a/b"}, {"/a/..b/...", "/a/..b/..."},
+        {"/", "/"},
+        {"//a///b//", "/a/b"},
+        {"/a/./b/.", "/a/b"},
+        {"/a/b/../c", "/a/c"},
+        {"/../..", "/"},
+        {"/a/b/../..", "/"},
+        {"/a/away", "/a/away"},
+        {"/a/away/..", "/x"},
+        {"/a/away/../z", "/x/z"},
+        {"/a/near/../d", "/a/b/d"},
+        {"/a/up/..", "/"},
+        {"/a/loop/../b", "/a/b"},
+        {"/a/one/../b", "/a/b"},
+        {"/a/..b/...", "/a/..b/..."},
     };
     for (const auto& [path, canonical] : cases)
         EXPECT_EQ(lm::canonicalPath(path, target), canonical) << path;
