@@ -74,7 +74,8 @@ static Widget list(Widget parent, const char* name)
 
 static Widget toggle(Widget parent, const char* name)
 {
-    return XtVaCreateManagedWidget(name, xmToggleButtonWidgetClass, parent, XmNalignment, XmALIGNMENT_BEGINNING, nullptr);
+    return XtVaCreateManagedWidget(name, xmToggleButtonWidgetClass, parent, XmNalignment, XmALIGNMENT_BEGINNING,
+                                   XmNnavigationType, XmTAB_GROUP, nullptr);   // so that Tab comes to it where it stands
 }
 
 /// A box with an arrow that moves names to the right, and its label.
@@ -123,7 +124,7 @@ void LmFileSet::createDialog(Widget parent)
     createButtons(rows);
     growRows(rows, 3, {0});
     const lm::XmText title = lm::compoundResource(_w, XmNdialogTitle, XmCDialogTitle, "File Set");
-    XtVaSetValues(_w, XmNdialogTitle, title.get(), XmNcancelButton, _cancelButton, nullptr);
+    XtVaSetValues(_w, XmNdialogTitle, title.get(), XmNcancelButton, _cancelButton, XmNinitialFocus, _currentDirectory, nullptr);
 }
 
 void LmFileSet::createLeft(Widget parent)

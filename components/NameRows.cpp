@@ -5,6 +5,7 @@
 
 #include <Xm/List.h>
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -52,7 +53,9 @@ std::vector<int> lm::NameRows::selectedPositions() const
     int count = 0;
     if (!_list || !XmListGetSelectedPos(_list, &positions, &count))
         return {};
-    std::vector<int> result(positions, positions + count);
+    std::vector<int> result;
+    std::copy_if(positions, positions + count, std::back_inserter(result),
+                 [&](int position) { return static_cast<std::size_t>(position) <= _names.size(); });   // ours
     XtFree(reinterpret_cast<char*>(positions));
     return result;
 }
@@ -61,7 +64,7 @@ std::vector<std::string> lm::NameRows::selected() const
 {
     std::vector<std::string> names;
     for (const int position : selectedPositions())
-        names.push_back(_names.at(static_cast<std::size_t>(position - 1)));
+        names.push_back(_names[static_cast<std::size_t>(position - 1)]);
     return names;
 }
 

@@ -41,7 +41,7 @@ lm::ShellCommand::ShellCommand(const std::string& command, const std::string& di
         prctl(PR_SET_PDEATHSIG, SIGKILL);   // a program that ends stops its searches, too
         if (chdir(directory.c_str()) == -1)
             _exit(127);
-        if (dup2(pipe.write.get(), STDOUT_FILENO) == -1 || dup2(null.get(), STDIN_FILENO) == -1)
+        if (dup2(null.get(), STDIN_FILENO) == -1 || dup2(pipe.write.get(), STDOUT_FILENO) == -1)
             _exit(127);
         fillStandardDescriptors();
         closeOtherDescriptors();
