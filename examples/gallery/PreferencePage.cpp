@@ -16,7 +16,7 @@
 
 // --- the sheet ---------------------------------------------------------------------------------------------------------
 
-GalleryPreferences::GalleryPreferences() : LmPrefDialog("galleryPreferences", &sheet)
+GalleryPreferences::GalleryPreferences() : LmPrefDialog("galleryPreferences", &_sheet)
 {
     heads.setLabel(0, "As the text");
     heads.setLabel(1, "Blue");
@@ -31,7 +31,7 @@ GalleryPreferences::GalleryPreferences() : LmPrefDialog("galleryPreferences", &s
         _general.addItem(item);
     _person.addItem(&author);
     for (LmPrefItem* item : std::initializer_list<LmPrefItem*>{&_text, &_general, &_line, &_person, &_gap})
-        sheet.addItem(item);
+        _sheet.addItem(item);
 }
 
 Widget GalleryPreferences::createDialog(Widget parent)

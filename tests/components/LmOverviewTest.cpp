@@ -11,7 +11,9 @@ using namespace lmtest;
 
 namespace {
 
-class LmOverviewOnScreen : public OnScreen {};
+class LmOverviewOnScreen : public OnScreen {
+    LmSimpleWindow* keeper = new LmSimpleWindow("keeper");   // so that the test does not end the program with its last window
+};
 
 bool flagOf(Widget graph, const char* resource)
 {

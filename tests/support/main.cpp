@@ -4,6 +4,7 @@
 
 #include "tests/support/Servers.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -37,9 +38,24 @@ static void cleanEnvironment()
     makeHome();
 }
 
+/// A program whose last window goes ends with status 0, in the midst of a test, too: that is no success.
+static void refuseEarlyExit()
+{
+    static const pid_t owner = getpid();   // a forked child may end as it likes
+    std::atexit([] {
+        const auto* running = testing::UnitTest::GetInstance()->current_test_info();
+        if (getpid() != owner || !running)
+            return;
+        std::fprintf(stderr, "The program has ended in the midst of %s.%s\n", running->test_suite_name(), running->name());
+        std::fflush(nullptr);
+        _exit(1);
+    });
+}
+
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
+    refuseEarlyExit();
     if (!GTEST_FLAG_GET(list_tests)) {
         cleanEnvironment();
         setenv("DISPLAY", lmtest::server().displayName().c_str(), 1);
