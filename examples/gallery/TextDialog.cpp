@@ -9,7 +9,9 @@
 extern const std::map<std::string, const char*> pageSources;   // made by the build from the files themselves
 
 TextDialog::TextDialog(const char* name, const char* textName, bool wrapped)
-    : LmGenericDialog(name), _textName(textName), _isWrapped(wrapped)
+    : LmGenericDialog(name),
+      _textName(textName),
+      _isWrapped(wrapped)
 {
     setShowOK(false);
     setAllowMultipleDialogs(false);
