@@ -22,7 +22,7 @@ public:
     void alignHeight();   ///< Gives every member the height of the highest.
     /// Spreads the members evenly between the first and the last; nothing with fewer than two.
     void distributeHorizontal();
-    void distributeVertical();   ///< The same from top to bottom.
+    void distributeVertical();   ///< As distributeHorizontal(), from top to bottom.
     /// Gives every member its preferred size.
     void makeNormal();
 

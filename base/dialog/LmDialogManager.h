@@ -117,7 +117,7 @@ public:
     Widget prepost(const char* message, const char* helpString, LmSimpleWindow* parentWindow);
     /// The long form with the manager's buttons. (A null third argument needs a cast.)
     LmDialogReason postAndWait(const char* message, const char* helpString, LmSimpleWindow* parentWindow);
-    /// The same over a widget.
+    /// The long form with the manager's buttons, over a widget.
     LmDialogReason postAndWait(const char* message, const char* helpString, Widget parentWidget);
 
     /// Takes the newest posted dialog down, if any.
@@ -136,10 +136,12 @@ public:
     /// The button labels of the next posting only; null: the default.
     void setButtonLabels(const char* ok, const char* cancel, const char* apply);
 
-    /// Which buttons are shown even without a callback of their own. Initially OK and Cancel.
+    /// Whether OK is shown even without a callback of its own. Initially so.
     void setShowOK(bool show) { _showOK = show; }
-    void setShowCancel(bool show) { _showCancel = show; }   ///< The same for Cancel.
-    void setShowApply(bool show) { _showApply = show; }     ///< The same for Apply. Initially false.
+    /// Whether Cancel is shown without a callback of its own. Initially so.
+    void setShowCancel(bool show) { _showCancel = show; }
+    /// Whether Apply is. Initially not.
+    void setShowApply(bool show) { _showApply = show; }
     /// Whether each parent has a dialog of its own (initially true), or one dialog serves all.
     void setAllowMultipleDialogs(bool allow) { _allowMultipleDialogs = allow; }
     /// Whether a dialog that is up is used again instead of another one. Initially false.
@@ -160,11 +162,11 @@ public:
     /// The cache entry of a dialog, or null.
     LmDialog* getCacheInfo(Widget dialog) const;
 
-    /// The Xt procedures behind the buttons, with the manager as client data.
+    /// The Xt procedures behind the buttons, with the manager as client data: of OK.
     static void okXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
-    static void cancelXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;   ///< The same for Cancel.
-    static void applyXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;    ///< The same for Apply.
-    static void helpXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;     ///< The same for Help.
+    static void cancelXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;   ///< Of Cancel.
+    static void applyXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;    ///< Of Apply.
+    static void helpXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;     ///< Of Help.
     /// The close request's procedure, with the dialog as client data: runs the dialog's cancel callbacks.
     static void handleWMDeleteCallback(Widget shell, XtPointer clientData, XtPointer callData) noexcept;
     /// The map callback of a dialog, with the parent as client data: places the dialog.

@@ -106,8 +106,8 @@ public:
     LmMenuItem* deactivateItem(const char* name);   ///< Makes the item insensitive; returns it, or null.
     /// The place of an item among its siblings: as its widget has it, else as it was set, else its index here, else -1.
     int getItemPosition(LmMenuItem* item);
-    int getItemPosition(Widget w);           ///< The same for the item with that widget.
-    int getItemPosition(const char* name);   ///< The same for the first item of that name.
+    int getItemPosition(Widget w);           ///< The place of the item with that widget.
+    int getItemPosition(const char* name);   ///< The place of the first item of that name.
 
     /// Whether submenus fill their panes in idle time (true, initially), or at once when they are built.
     static void useWorkProcs(bool use) { _useWorkProcs = use; }

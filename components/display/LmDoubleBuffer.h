@@ -32,14 +32,14 @@ protected:
     void redisplay();
     /// Makes pixmaps of the widget's size.
     void hiddenResize();
-    /// The Xt procedures of exposeCallback and resizeCallback, with the object as client data.
+    /// The Xt procedures of exposeCallback and resizeCallback, with the object as client data: of exposeCallback.
     static void redisplayCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
-    /// The same for resizeCallback.
+    /// Of resizeCallback.
     static void resizeCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
 
     Pixmap _drawable = None;   ///< the back pixmap; None while there is none
     Dimension _width = 1;      ///< of the area and the pixmaps, pixels, at least 1
-    Dimension _height = 1;     ///< the same, the other way
+    Dimension _height = 1;     ///< of the area and the pixmaps, pixels, at least 1
     GC _gc = nullptr;          ///< foreground and background are the background colour
 
 private:

@@ -31,12 +31,12 @@ public:
     void update() override;
     void resize() override;
     void draw() override;
-    /// The size that the meter wants, in pixels; the base meter is content with what it has.
+    /// The width that the meter wants, in pixels; the base meter is content with what it has.
     virtual int neededWidth() { return graphWidth(); }
-    virtual int neededHeight() { return graphHeight(); }   ///< The same, the other way.
-    /// The drawing area's size, in pixels.
+    virtual int neededHeight() { return graphHeight(); }   ///< The height that the meter wants, in pixels.
+    /// The drawing area's height, in pixels.
     virtual int graphHeight() { return _baseWidget ? _height : 0; }
-    virtual int graphWidth() { return _baseWidget ? _width : 0; }   ///< The same, the other way.
+    virtual int graphWidth() { return _baseWidget ? _width : 0; }   ///< The drawing area's width, in pixels.
     /// The units that fill the meter across; the base meter counts in pixels.
     virtual int maxTop() { return graphWidth(); }
     /// The colour that drawRectangle() and fillRectangle() paint in.

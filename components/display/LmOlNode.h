@@ -24,7 +24,7 @@ class LM_API LmOlNode {
 public:
     /// Key and label are both `name`.
     explicit LmOlNode(char* name);
-    LmOlNode(char* name, void* hook);   ///< The same with the application's data.
+    LmOlNode(char* name, void* hook);   ///< The same, with the application's data.
     /// Label, key and the application's data, which is not owned. Null texts count as empty.
     LmOlNode(char* name, char* key, void* hook);
     LmOlNode(const LmOlNode&) = delete;
@@ -67,7 +67,7 @@ public:
     int maxChildAttrIndex() const;
     /// Notes, or forgets, that some descendant is highlighted with set i (0 to 31). Return whether it was noted before.
     int setMaxChildAttrIndex(int i);
-    int unsetMaxChildAttrIndex(int i);   ///< Forgets it; returns whether it was noted.
+    int unsetMaxChildAttrIndex(int i);   ///< Forgets that; returns whether it was noted.
 
     /// The counter of rows that the numbering and display operations use.
     static void setItemCount(int count) { _itemCount = count; }
@@ -91,7 +91,7 @@ public:
     /// How many descendants stand below open nodes only; all of them are now marked as not shown. walkToCount adds to
     /// the counter, countVisibleItems starts it at 0.
     int countVisibleItems();
-    void walkToCount();   ///< The same, added to the counter.
+    void walkToCount();   ///< countVisibleItems(), added to the counter.
     /// Numbers the shown nodes behind `start` and its subtree, in display order, from the counter + 1 on.
     void correctPositions(LmOlNode* start);
 

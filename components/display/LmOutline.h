@@ -81,7 +81,7 @@ public:
     /// Calls the function with every node in the keyword style, parents before children, in closed parts, too.
     /// While there is no keyword style, these are the nodes without any. The function may not change the tree.
     void walkAllKeywords(void* clientData, void (*fn)(void*, LmOlNode*));
-    /// The same for the subtree of a node.
+    /// walkAllKeywords() for the subtree of a node.
     void visitEveryKeyword(LmOlNode* start, void* clientData, void (*fn)(void*, LmOlNode*));
 
     /// Whether the long form of addChildren() expands tabs; off at first.

@@ -59,9 +59,9 @@ protected:
     void buttonPress(Widget grip, XEvent* event);   ///< Begins a drag, if the button is for one.
     void buttonRelease(Widget w, XEvent* event);    ///< Ends the drag of that button.
     void pointerMotion(XEvent* event);              ///< One step of the drag.
-    /// One step: the pointer's place in the parent.
+    /// One step of resizing: the pointer's place in the parent.
     void resizeFrame(int x, int y);
-    void moveFrame(int x, int y);   ///< The same for moving.
+    void moveFrame(int x, int y);   ///< One step of moving.
     /// Gives the widget the frame's geometry.
     void matchFrame();
     void setupCallbacks(Widget w);    ///< Watches a widget and its parent for changes of geometry.

@@ -108,7 +108,7 @@ protected:
     char matchTab(int index, int x, int y);
     /// A tab's width along the strip without its slanted sides; with margins, and without (and uniformity).
     int tabWidth(int index);
-    int computeWidth(int index);   ///< The same without margins and uniformity.
+    int computeWidth(int index);   ///< tabWidth() without margins and uniformity.
     /// Where a tab starts along the strip, pixels.
     int tabOffset(int index);
     /// Chooses the tabs that show.

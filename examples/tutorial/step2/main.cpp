@@ -41,10 +41,7 @@ public:
     }
 
 private:
-    void showLength(LmCallbackObject*, void*, void* length)
-    {
-        setTitle(LmFormat("Notes: %d characters", lm::asInt(length)));
-    }
+    void showLength(LmCallbackObject*, void*, void* length) { setTitle(LmFormat("Notes: %d characters", lm::asInt(length))); }
 
     std::unique_ptr<NoteView> _notes;
 };

@@ -59,10 +59,7 @@ public:
     }
 
 private:
-    void showLength(LmCallbackObject*, void*, void* length)
-    {
-        setTitle(LmFormat("Notes: %d characters", lm::asInt(length)));
-    }
+    void showLength(LmCallbackObject*, void*, void* length) { setTitle(LmFormat("Notes: %d characters", lm::asInt(length))); }
 
     static void clear(Widget, XtPointer window, XtPointer) noexcept
     {

@@ -62,10 +62,7 @@ public:
     Boolean okToQuit() override { return mayForget(); }
 
 private:
-    void showLength(LmCallbackObject*, void*, void* length)
-    {
-        setTitle(LmFormat("Notes: %d characters", lm::asInt(length)));
-    }
+    void showLength(LmCallbackObject*, void*, void* length) { setTitle(LmFormat("Notes: %d characters", lm::asInt(length))); }
 
     /// Whether the text may go: asks, unless there is none.
     bool mayForget()
