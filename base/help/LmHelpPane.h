@@ -111,7 +111,7 @@ public:
     /// widget above that has one, with an LmContextHelpCallbackStruct. Where none has, _LmSmartHelpCallback serves.
     /// Until the user has picked, nothing else runs.
     static void contextCallback(Widget w, XtPointer pane, XtPointer callData) noexcept;
-    /// One help task; client data is its LmHelpTaskData.
+    /// Asks for a help task; client data is its LmHelpTaskData.
     static void taskCallback(Widget w, XtPointer task, XtPointer callData) noexcept;
 
 protected:

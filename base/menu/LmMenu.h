@@ -66,7 +66,7 @@ public:
                             int position);
     /// Adds an action whose widget is no gadget.
     LmMenuActionWidget* addActionWidget(const char* name, XtCallbackProc callback, XtPointer clientData, int position = -1);
-    /// The same with an undo callback, which a null one stands for none of.
+    /// The same with an undo callback; null: none.
     LmMenuActionWidget* addActionWidget(const char* name, XtCallbackProc callback, XtCallbackProc undoCallback,
                                         XtPointer clientData, int position);
     /// Adds an action that asks before it runs.

@@ -12,7 +12,7 @@
 ///              widget every operation does nothing
 class LM_API LmDoubleBuffer : public LmComponent {
 public:
-    LmDoubleBuffer(const char* name, Widget parent);   ///< The pixmaps are made when the area has a window.
+    LmDoubleBuffer(const char* name, Widget parent);   ///< The widget is not managed before show().
 
     const char* className() override { return "LmDoubleBuffer"; }
     void widgetDestroyed() override;

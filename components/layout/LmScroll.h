@@ -55,7 +55,7 @@ protected:
     static void expose_clip(Widget w, XtPointer clientData, XEvent* event, Boolean* goOn) noexcept;
     /// The clip window changed its size.
     static void resize_clip(Widget w, XtPointer clientData, XEvent* event, Boolean* goOn) noexcept;
-    /// The child changed its size.
+    /// The child was moved or resized.
     static void resize_child(Widget w, XtPointer clientData, XEvent* event, Boolean* goOn) noexcept;
     static void scroll_changed(Widget w, XtPointer clientData, XtPointer callData) noexcept;   ///< The scroll bar was moved.
     /// The scroll bar asks for its trough.
