@@ -32,7 +32,7 @@
 ///     column          Column          Int          -1
 ///     resizeHorizontal ResizeHorizontal Boolean    True        the child is as wide as its column
 ///     resizeVertical  ResizeVertical  Boolean      True        the child is as high as its row
-///     gravity         Gravity         Gravity      5           where a child lies in a cell that it does not fill: 1 to 9
+///     gravity         Gravity         XmGridGravity 5          where a child lies in a cell that it does not fill: 1 to 9
 ///                                                              row by row from the upper left corner, or X's names
 ///
 ///   Constraints of the spring box: weights by which room to spare goes to the springs beside a child and to the child

@@ -18,7 +18,7 @@
 ///              (XmDrawingArea) with Bboard (XmDrawingArea), horizArrows and vertArrows (XmGrid) with XmArrowButtons:
 ///              arrowRight, arrowLeft, and arrowUp, which points down and scrolls on, arrowDown, which scrolls back.
 ///              The forms have the action UnSelectAll on <Btn1Down>
-///   Resources  spacing           XmCSpacing        Int          4           between children and around them, pixels
+///   Resources  spacing           Spacing           Int          4           between children and around them, pixels
 ///              initialPlacement  InitialPlacement  Orientation  HORIZONTAL  VERTICAL: tall at first
 ///   Errors     none; widgets that are being destroyed take no part
 class LM_API LmScrolledBox : public LmComponent {
