@@ -3,7 +3,7 @@
 
 #include "support/LmExport.h"
 
-/// The version of the headers that a program is compiled with: its first number. While the major number stays, programs run with
+/// The version of the headers that a program is compiled with: its first number. While it stays, programs run with
 /// every later library.
 #define LM_VERSION_MAJOR 1
 #define LM_VERSION_MINOR 0   ///< the second number of the version
