@@ -12,7 +12,7 @@ build = @cmake --build build/$(1) --parallel $(JOBS)
 gcc = $(if $(CI),dev,check-gcc)
 tests = ctest --preset $(1) -j $(JOBS) --no-tests=error
 
-.PHONY: help demo test check format tidy sanitize fuzz bench install deb uninstall clean
+.PHONY: help demo test check format tidy sanitize fuzz bench docs install deb uninstall clean
 help: ## lists the targets
 	@sed -n 's/^\([a-z]*\):.*## /make \1	/p' Makefile
 
@@ -34,10 +34,11 @@ sanitize: ## the same with AddressSanitizer and UndefinedBehaviorSanitizer
 	$(call build,asan)
 	@$(call tests,asan)
 
-check: ## format, includes, headers, binary interface; a build without any warning by g++ and by clang++
+check: ## format, includes, headers, documents, binary interface; a build without any warning by g++ and by clang++
 	$(packages) build test check
 	@scripts/check-format
 	@scripts/check-includes
+	@scripts/check-docs
 	@$(MAKE) -s --no-print-directory build/$(gcc)/configured build/check-clang/configured
 	@scripts/check-headers build/$(gcc) g++ clang++
 	$(call build,$(gcc)) --target zentalm
@@ -64,6 +65,10 @@ bench: ## the measurements of bench/
 	$(packages) build test bench
 	@$(MAKE) -s --no-print-directory build/bench/configured
 	@cmake --build build/bench --parallel $(JOBS) --target bench
+
+docs: ## the reference of every public name: HTML and manual pages in build/docs
+	$(packages) docs
+	@scripts/build-docs
 
 install: ## installs library, headers, data, CMake package and pkg-config module
 	$(packages) build
