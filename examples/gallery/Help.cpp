@@ -1,5 +1,6 @@
 #include "Help.h"
 
+#include <Lm/LmApp.h>
 #include <Lm/LmHelpPane.h>
 #include <Lm/support/resources.h>
 
@@ -20,6 +21,9 @@ static std::string trimmed(const std::string& text)
     const auto start = text.find_first_not_of(" \n");
     return start == text.npos ? "" : text.substr(start, text.find_last_not_of(" \n") + 1 - start);
 }
+
+/// A file of the program's help, which bears the name of its class.
+static std::string helpFile(const char* kind) { return dataFolder() + "/help/" + theApplication->applicationClass() + kind; }
 
 // --- texts -------------------------------------------------------------------------------------------------------------
 
@@ -62,7 +66,7 @@ const HelpTexts::Topic* HelpTexts::find(const std::string& key) const
 
 // --- the dialog --------------------------------------------------------------------------------------------------------
 
-HelpDialog::HelpDialog() : LmGenericDialog("galleryHelp"), _texts(dataFolder() + "/help/Gallery.texts")
+HelpDialog::HelpDialog() : LmGenericDialog("programHelp"), _texts(helpFile(".texts"))
 {
     setShowOK(false);
     setAllowMultipleDialogs(false);
@@ -99,10 +103,10 @@ static void showHelp(char* key, unsigned long, Widget)
     dialog->showHelp(key);
 }
 
-static char* galleryIndex()
+static char* programIndex()
 {
     static std::string path;
-    path = dataFolder() + "/help/Gallery.index";
+    path = helpFile(".index");
     return path.data();
 }
 
@@ -116,5 +120,5 @@ static char* generalIndex()
 void installHelp()
 {
     setenv("DEFHELPPATH", (dataFolder() + "/help/").c_str(), 0);
-    LmHelpPane::setHelpFunctions(showHelp, galleryIndex, generalIndex);
+    LmHelpPane::setHelpFunctions(showHelp, programIndex, generalIndex);
 }
