@@ -16,15 +16,24 @@ const char* const SizeOutline::chosenCallback = "chosenCallback";
 
 static constexpr auto slice = std::chrono::milliseconds(4);
 
+static bool isDark(Display* display, Pixel pixel)
+{
+    XColor color = {};
+    color.pixel = pixel;
+    XQueryColor(display, DefaultColormap(display, DefaultScreen(display)), &color);
+    return color.red + color.green + color.blue < 3 * 0x8000;
+}
+
 SizeOutline::SizeOutline(const char* name, Widget parent) : LmOutlineASB(name, parent), _making([this] { return makeNodes(); })
 {
     const auto colour = [this](const char* resource, const char* fallback) {
-        return static_cast<Pixel>(reinterpret_cast<std::uintptr_t>(LmGetResource(listWidget(), resource, "Color", XtRPixel, fallback)));
+        return static_cast<Pixel>(
+            reinterpret_cast<std::uintptr_t>(LmGetResource(listWidget(), resource, "Color", XtRPixel, fallback)));
     };
-    Pixel background = 0;
-    XtVaGetValues(listWidget(), XmNbackground, &background, nullptr);
-    _markStyle = setHighlightAttributes(colour("markForeground", "black"), colour("markBackground", "#ffe28a"),
-                                        colour("markColor", "#c0392b"), nullptr);
+    Pixel foreground = 0, background = 0;
+    XtVaGetValues(listWidget(), XmNforeground, &foreground, XmNbackground, &background, nullptr);
+    const char* tint = isDark(XtDisplay(listWidget()), background) ? "#594a1c" : "#ffe28a";
+    _markStyle = setHighlightAttributes(foreground, colour("markBackground", tint), colour("markColor", "#c0392b"), nullptr);
     _excludedStyle = setHighlightAttributes(colour("excludedForeground", "gray50"), background, background, nullptr);
     setAnnotation(_markStyle, True);
     lm::on<&SizeOutline::choose>(listWidget(), XmNbrowseSelectionCallback, this);

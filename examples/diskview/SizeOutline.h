@@ -23,7 +23,7 @@ struct Look {
 /// The outline. Its rows are made in idle time, behind what is shown; then they replace it in one step, and what was open,
 /// chosen and in sight is so again.
 ///
-///   Resources  of the list: "markForeground", "markBackground", "markColor", "excludedForeground" (class "Color")
+///   Resources  of the list: "markBackground", "markColor", "excludedForeground" (class "Color")
 ///   Callbacks  shownCallback, when the rows of the latest build() are shown; chosenCallback, when the user chose a row
 class SizeOutline : public LmOutlineASB {
 public:
