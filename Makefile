@@ -10,7 +10,7 @@ packages = @scripts/install-packages
 build = @cmake --build build/$(1) --parallel $(JOBS)
 tests = ctest --preset $(1) -j $(JOBS) --no-tests=error
 
-.PHONY: help demo test check format tidy sanitize fuzz bench install deb uninstall clean
+.PHONY: help demo test check format tidy sanitize fuzz bench peers install deb uninstall clean
 help: ## lists the targets
 	@sed -n 's/^\([a-z]*\):.*## /make \1	/p' Makefile
 
@@ -62,6 +62,11 @@ bench: ## the measurements of bench/
 	@$(MAKE) -s --no-print-directory build/bench/configured
 	@cmake --build build/bench --parallel $(JOBS) --target bench
 
+peers: ## the same jobs with FLTK, GTK 3 and Lumora, as a table
+	$(packages) build test peers
+	@$(MAKE) -s --no-print-directory build/peers/configured
+	@cmake --build build/peers --parallel $(JOBS) --target peers
+
 install: ## installs library, headers, data, CMake package and pkg-config module
 	$(packages) build
 	@$(MAKE) -s --no-print-directory build/$(PRESET)/configured
@@ -85,6 +90,7 @@ LIBRARY_ONLY = -DLUMORA_TESTS=OFF -DLUMORA_EXAMPLES=OFF
 build/check-gcc/configured: OPTIONS = --preset release -DLUMORA_WERROR=ON -DCMAKE_CXX_COMPILER=g++ $(LIBRARY_ONLY)
 build/check-clang/configured: OPTIONS = --preset dev -DCMAKE_BUILD_TYPE=Debug -DLUMORA_WERROR=ON -DCMAKE_CXX_COMPILER=clang++ $(LIBRARY_ONLY)
 build/bench/configured: OPTIONS = --preset release -DLUMORA_BENCH=ON
+build/peers/configured: OPTIONS = --preset release -DLUMORA_PEERS=ON -DLUMORA_EXAMPLES=OFF
 build/%/configured: OPTIONS = --preset $*
 build/%/configured: CMakePresets.json
 	@cmake $(OPTIONS) -B build/$* $(if $(wildcard build/$*/CMakeCache.txt),,-G "$(GENERATOR)")
