@@ -123,9 +123,8 @@ static void console()
     end = gtk_text_buffer_create_mark(buffer, nullptr, &last, FALSE);
     job->begin();
     FILE* pipe = popen(writer, "r");
-    // Behind the drawing, so that what comes is seen while it comes.
-    g_unix_fd_add_full(G_PRIORITY_DEFAULT_IDLE, fileno(pipe), static_cast<GIOCondition>(G_IO_IN | G_IO_HUP), readSome, view, nullptr);
-    while (!ended)
+    g_unix_fd_add(fileno(pipe), static_cast<GIOCondition>(G_IO_IN | G_IO_HUP), readSome, view);   // behind the drawing: slower
+    while (!ended || gtk_events_pending())   // what it lays out later, the end of the text, counts, too
         gtk_main_iteration();
     untilDrawn(view);
     job->done();
