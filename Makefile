@@ -32,13 +32,14 @@ sanitize: ## the same with AddressSanitizer and UndefinedBehaviorSanitizer
 	$(call build,asan)
 	@$(call tests,asan)
 
-check: ## format, includes, headers; a build without any warning by g++ and by clang++
+check: ## format, includes, headers, binary interface; a build without any warning by g++ and by clang++
 	$(packages) build test check
 	@scripts/check-format
 	@scripts/check-includes
 	@$(MAKE) -s --no-print-directory build/check-gcc/configured build/check-clang/configured
 	@scripts/check-headers build/check-gcc g++ clang++
 	$(call build,check-gcc)
+	@scripts/check-abi build/check-gcc/libzentalm.so
 	$(call build,check-clang)
 
 format: ## puts every C++ file into the form that check wants
@@ -87,7 +88,7 @@ clean: ## removes everything that was built
 
 # --- configuring: once, and again when the presets change ----------------------------------------------------------------------
 LIBRARY_ONLY = -DLUMORA_TESTS=OFF -DLUMORA_EXAMPLES=OFF
-build/check-gcc/configured: OPTIONS = --preset release -DLUMORA_WERROR=ON -DCMAKE_CXX_COMPILER=g++ $(LIBRARY_ONLY)
+build/check-gcc/configured: OPTIONS = --preset release -DCMAKE_CXX_FLAGS=-g -DLUMORA_WERROR=ON -DCMAKE_CXX_COMPILER=g++ $(LIBRARY_ONLY)
 build/check-clang/configured: OPTIONS = --preset dev -DCMAKE_BUILD_TYPE=Debug -DLUMORA_WERROR=ON -DCMAKE_CXX_COMPILER=clang++ $(LIBRARY_ONLY)
 build/bench/configured: OPTIONS = --preset release -DLUMORA_BENCH=ON
 build/peers/configured: OPTIONS = --preset release -DLUMORA_PEERS=ON -DLUMORA_EXAMPLES=OFF

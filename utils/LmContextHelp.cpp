@@ -66,7 +66,7 @@ void _LmSmartHelpCallback(Widget w, XtPointer, XtPointer callData) noexcept
     if (!target)
         return;
     std::string key = XtName(target);
-    const auto putInFront = [&key](Widget above) { key.insert(0, ".").insert(0, XtName(above)); };
+    const auto putInFront = [&key](Widget above) { key = std::string(XtName(above)).append(".").append(key); };
     Widget above = XtParent(target);
     for (; above && above != w; above = XtParent(above))
         putInFront(above);

@@ -87,7 +87,7 @@ LmIconButton::LmIconButton(const char* name, Widget parent, const char** normalX
 lm::PixmapHandle LmIconButton::compose(const Look& look, const char** xpm, Pixel background, Pixel labelColor)
 {
     Display* display = XtDisplay(_w);
-    const int depth = _w->core.depth, width = static_cast<int>(look.width());
+    const int depth = static_cast<int>(_w->core.depth), width = static_cast<int>(look.width());
     lm::PixmapHandle picture(display, XCreatePixmap(display, RootWindowOfScreen(XtScreen(_w)), look.width(), look.height(),
                                                     static_cast<unsigned>(depth)));
     const OwnGC gc(display, picture.get(), lm::coreFontOf(display, look.fonts));

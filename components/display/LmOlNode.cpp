@@ -226,7 +226,7 @@ void lm::OlBranch::closeGaps()
     gaps = 0;
 }
 
-int LmOlNode::maxChildAttrIndex() const { return _branch->childAttrMask == 0 ? 0 : std::bit_width(_branch->childAttrMask) - 1; }
+int LmOlNode::maxChildAttrIndex() const { return std::max(0, static_cast<int>(std::bit_width(_branch->childAttrMask)) - 1); }
 
 int LmOlNode::setMaxChildAttrIndex(int i)
 {

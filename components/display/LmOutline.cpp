@@ -14,7 +14,7 @@
 
 LmOutline::LmOutline(const char* name, Widget parent, Boolean sizePolicy) : LmComponent(name)
 {
-    _rootKey.reset(strdup(("_" + std::string(this->name()) + "_ps_root_").c_str()));
+    _rootKey.reset(strdup(std::string("_").append(this->name()).append("_ps_root_").c_str()));
     makeRoot();
     Arg policy{const_cast<char*>(XmNlistSizePolicy), sizePolicy};
     _list = LmCreateScrolledList(parent, this->name(), &policy, 1);

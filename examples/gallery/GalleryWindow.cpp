@@ -4,6 +4,7 @@
 #include "ConsolePage.h"
 #include "ControlPage.h"
 #include "DialogPage.h"
+#include "Geometry.h"
 #include "GraphPage.h"
 #include "GridPage.h"
 #include "MenuPage.h"
@@ -21,6 +22,8 @@
 #include <Lm/LmMenuBar.h>
 #include <Lm/LmMenuToggle.h>
 #include <Lm/LmMenuUndoManager.h>
+#include <Lm/LmOlNode.h>
+#include <Lm/LmResource.h>
 #include <Lm/LmSubMenu.h>
 #include <Lm/support/handles.h>
 #include <Lm/support/resources.h>
@@ -29,7 +32,7 @@
 #include <Xm/Form.h>
 #include <Xm/ToggleBG.h>
 
-static constexpr int margin = 10;
+static constexpr int margin = 10, indentation = 14;
 
 /// Puts "Click for Help" before the entries that the help pane will add.
 static void addContextHelp(LmMenuBar& bar)
@@ -65,66 +68,91 @@ GalleryWindow::GalleryWindow() : LmWindow("gallery")
         static_cast<LmMenuToggle*>(menu()->findNamedItem(toggle, false, true))->setVisualState(true);
 }
 
+GalleryWindow::~GalleryWindow()
+{
+    if (_baseWidget)
+        rememberGeometry(*this);
+}
+
 Widget GalleryWindow::setUpInterface(Widget parent)
 {
     XtAddCallback(parent, XmNhelpCallback, _LmSmartHelpCallback, nullptr);   // F1, and what is picked for help
     Widget form = XtVaCreateWidget("form", xmFormWidgetClass, parent, XmNmarginWidth, margin, XmNmarginHeight, margin, nullptr);
-    Arg place[] = {{lm::xtText(XmNtopAttachment), XmATTACH_FORM},
-                   {lm::xtText(XmNbottomAttachment), XmATTACH_FORM},
-                   {lm::xtText(XmNleftAttachment), XmATTACH_FORM}};
-    _list = XmCreateScrolledList(form, lm::xtText("pages"), nullptr, 0);
-    XtSetValues(XtParent(_list), place, 3);
-    _deck = XtVaCreateManagedWidget("deck", xmFormWidgetClass, form, XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment,
-                                    XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_WIDGET,
-                                    XmNleftWidget, XtParent(_list), XmNleftOffset, margin, nullptr);
+    _outline = std::make_unique<LmOutline>("pages", form, XmCONSTANT);
+    _outline->setIndentationWidth(indentation);
+    XtVaSetValues(_outline->baseWidget(), XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment,
+                  XmATTACH_FORM, nullptr);
+    _deck = std::make_unique<LmDeck>("deck", form);
+    XtVaSetValues(_deck->baseWidget(), XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment, XmATTACH_FORM, XmNrightAttachment,
+                  XmATTACH_FORM, XmNleftAttachment, XmATTACH_WIDGET, XmNleftWidget, _outline->baseWidget(), XmNleftOffset, margin,
+                  nullptr);
     addPages();
     addPageMenu();
-    lm::on<&GalleryWindow::chosen>(_list, XmNbrowseSelectionCallback, this);
-    XtManageChild(_list);
+    _outline->displayAll();
+    lm::on<&GalleryWindow::chosen>(_outline->listWidget(), XmNbrowseSelectionCallback, this);
+    _deck->show();
     choose(0);
     return form;
 }
 
 Boolean GalleryWindow::okToQuit() { return !_applicationPage || (_applicationPage->mayClose() && _preferencePage->mayClose()); }
 
+/// Pages of these types, in this order.
+template <class... Pages, class... Arguments> static std::vector<std::unique_ptr<Page>> make(Arguments... arguments)
+{
+    std::vector<std::unique_ptr<Page>> pages;
+    (pages.push_back(std::make_unique<Pages>(arguments...)), ...);
+    return pages;
+}
+
 void GalleryWindow::addPages()
 {
-    _pages.push_back(std::make_unique<ApplicationPage>(_deck, this));
-    _applicationPage = static_cast<ApplicationPage*>(_pages.back().get());
-    _pages.push_back(std::make_unique<MenuPage>(_deck));
-    _menuPage = static_cast<MenuPage*>(_pages.back().get());
-    _pages.push_back(std::make_unique<DialogPage>(_deck, this));
-    _pages.push_back(std::make_unique<PreferencePage>(_deck, this));
-    _preferencePage = static_cast<PreferencePage*>(_pages.back().get());
-    _pages.push_back(std::make_unique<SearchPage>(_deck));
-    _pages.push_back(std::make_unique<ChartPage>(_deck));
-    _pages.push_back(std::make_unique<ConsolePage>(_deck));
-    _pages.push_back(std::make_unique<TabPage>(_deck));
-    _pages.push_back(std::make_unique<OutlinePage>(_deck));
-    _pages.push_back(std::make_unique<GraphPage>(_deck));
-    _pages.push_back(std::make_unique<GridPage>(_deck));
-    _pages.push_back(std::make_unique<ResizerPage>(_deck));
-    _pages.push_back(std::make_unique<ScrollPage>(_deck));
-    _pages.push_back(std::make_unique<ControlPage>(_deck));
-    _pages.push_back(std::make_unique<ModifiedPage>(_deck));
-    for (const auto& page : _pages) {
-        const lm::XmText title(XmStringCreateLocalized(lm::xtText(page->title())));
-        XmListAddItemUnselected(_list, title.get(), 0);
-        XtVaSetValues(page->baseWidget(), XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment,
-                      XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, nullptr);
+    Widget deck = _deck->baseWidget();
+    auto application = make<ApplicationPage>(deck, this);
+    _applicationPage = static_cast<ApplicationPage*>(application.front().get());
+    application.push_back(std::make_unique<MenuPage>(deck));
+    _menuPage = static_cast<MenuPage*>(application.back().get());
+    application.push_back(std::make_unique<DialogPage>(deck, this));
+    application.push_back(std::make_unique<PreferencePage>(deck, this));
+    _preferencePage = static_cast<PreferencePage*>(application.back().get());
+
+    addGroup("applicationGroup", std::move(application));
+    addGroup("displayGroup", make<OutlinePage, GraphPage, ChartPage>(deck));
+    addGroup("textGroup", make<SearchPage, ConsolePage>(deck));
+    addGroup("layoutGroup", make<TabPage, GridPage, ResizerPage, ScrollPage>(deck));
+    addGroup("controlGroup", make<ControlPage, ModifiedPage>(deck));
+}
+
+/// The group's title is a resource of its name.
+void GalleryWindow::addGroup(const char* name, std::vector<std::unique_ptr<Page>> pages)
+{
+    char* group = lm::xtText(name);
+    char* title = static_cast<char*>(LmGetResource(_deck->baseWidget(), name, "Group", XtRString, name));
+    for (auto& page : pages) {
+        char* labels[] = {title, lm::xtText(page->title()), nullptr};
+        char* keys[] = {group, lm::xtText(page->name()), nullptr};
+        _nodes.push_back(_outline->createPath(labels, keys));
+        _deck->addView(page.get());
+        page->show();
+        _pages.push_back(std::move(page));
     }
+}
+
+void GalleryWindow::chosen(XmListCallbackStruct* choice)
+{
+    for (int i = 0; i < pageCount(); ++i)
+        if (_nodes[static_cast<size_t>(i)]->whereDisplayed() == choice->item_position)
+            choose(i);
 }
 
 void GalleryWindow::choose(int index)
 {
     if (index < 0 || index >= pageCount())
         return;
-    for (int i = 0; i < pageCount(); ++i) {
-        if (i != index)
-            _pages[static_cast<size_t>(i)]->hide();
-    }
-    _pages[static_cast<size_t>(index)]->show();
-    XmListSelectPos(_list, index + 1, False);
+    for (int i = 0; i < pageCount(); ++i)   // the keyboard stays on the page that is seen
+        XtVaSetValues(_pages[static_cast<size_t>(i)]->baseWidget(), XmNtraversalOn, i == index, nullptr);
+    _deck->pop(_pages[static_cast<size_t>(index)].get());
+    _outline->select(_nodes[static_cast<size_t>(index)]->whereDisplayed());
     showInMenu(index);
 }
 
@@ -164,11 +192,11 @@ void GalleryWindow::togglePageList(Widget item, XtPointer window, XtPointer) noe
 {
     auto* self = static_cast<GalleryWindow*>(window);
     const bool shown = XmToggleButtonGadgetGetState(item);
-    Widget list = XtParent(self->_list);
+    Widget list = self->_outline->baseWidget();
     if (shown)
         XtManageChild(list);
-    XtVaSetValues(self->_deck, XmNleftAttachment, shown ? XmATTACH_WIDGET : XmATTACH_FORM, XmNleftWidget, shown ? list : nullptr,
-                  nullptr);
+    XtVaSetValues(self->_deck->baseWidget(), XmNleftAttachment, shown ? XmATTACH_WIDGET : XmATTACH_FORM, XmNleftWidget,
+                  shown ? list : nullptr, nullptr);
     if (!shown)
         XtUnmanageChild(list);
 }

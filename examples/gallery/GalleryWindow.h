@@ -1,9 +1,11 @@
-// GalleryWindow.h: the gallery's window: a list of pages on the left, the chosen page on the right.
+// GalleryWindow.h: the gallery's window: an outline of the pages on the left, a deck with the chosen page on the right.
 #pragma once
 
 #include "ApplicationPage.h"
 #include "Page.h"
 
+#include <Lm/LmDeck.h>
+#include <Lm/LmOutline.h>
 #include <Lm/LmWindow.h>
 
 #include <Xm/List.h>
@@ -11,12 +13,14 @@
 #include <memory>
 #include <vector>
 
+class LmOlNode;
 class MenuPage;
 class PreferencePage;
 
 class GalleryWindow : public LmWindow {
 public:
     GalleryWindow();
+    ~GalleryWindow() override;
 
     const char* className() override { return "GalleryWindow"; }
     Widget setUpInterface(Widget parent) override;
@@ -28,8 +32,9 @@ public:
     void choose(int index);
 
 private:
-    void chosen(XmListCallbackStruct* choice) { choose(choice->item_position - 1); }
+    void chosen(XmListCallbackStruct* choice);
     void addPages();
+    void addGroup(const char* name, std::vector<std::unique_ptr<Page>> pages);
     void addPageMenu();
     void showInMenu(int index);
 
@@ -40,8 +45,10 @@ private:
     static void togglePageList(Widget item, XtPointer window, XtPointer) noexcept;
     static void choosePage(Widget item, XtPointer window, XtPointer) noexcept;
 
-    Widget _list = nullptr, _deck = nullptr;
+    std::unique_ptr<LmOutline> _outline;
+    std::unique_ptr<LmDeck> _deck;
     std::vector<std::unique_ptr<Page>> _pages;
+    std::vector<LmOlNode*> _nodes;                 // of the pages, in the outline
     ApplicationPage* _applicationPage = nullptr;   // one of them
     MenuPage* _menuPage = nullptr;                 // another
     PreferencePage* _preferencePage = nullptr;     // and a third

@@ -66,33 +66,13 @@ const HelpTexts::Topic* HelpTexts::find(const std::string& key) const
 
 // --- the dialog --------------------------------------------------------------------------------------------------------
 
-HelpDialog::HelpDialog() : LmGenericDialog("programHelp"), _texts(helpFile(".texts"))
-{
-    setShowOK(false);
-    setAllowMultipleDialogs(false);
-}
-
-Widget HelpDialog::createDialog(Widget parent)
-{
-    Widget dialog = LmGenericDialog::createDialog(parent);
-    Arg look[] = {{lm::xtText(XmNeditMode), XmMULTI_LINE_EDIT},
-                  {lm::xtText(XmNeditable), False},
-                  {lm::xtText(XmNcursorPositionVisible), False},
-                  {lm::xtText(XmNwordWrap), True},
-                  {lm::xtText(XmNscrollHorizontal), False}};
-    _text = XmCreateScrolledText(dialog, lm::xtText("helpText"), look, XtNumber(look));
-    XtManageChild(_text);
-    return dialog;
-}
+HelpDialog::HelpDialog() : TextDialog("programHelp", "helpText", true), _texts(helpFile(".texts")) {}
 
 void HelpDialog::showHelp(const std::string& key)
 {
     const HelpTexts::Topic* topic = _texts.find(key);
     const std::string text = topic ? topic->title + "\n\n" + topic->text : "There is no help on " + key + ".";
-    setTitle(topic ? topic->title.c_str() : "Help");
-    setButtonLabels(nullptr, "Close", nullptr);
-    if (post(nullptr))
-        XmTextSetString(_text, lm::xtText(text.c_str()));
+    showText(topic ? topic->title : "Help", text);
 }
 
 // --- what Lumora asks --------------------------------------------------------------------------------------------------

@@ -1,7 +1,7 @@
 // Help.h: the help of an example: texts from a file, shown in a dialog when Lumora's help system asks for them.
 #pragma once
 
-#include <Lm/LmGenericDialog.h>
+#include "TextDialog.h"
 
 #include <map>
 #include <memory>
@@ -29,17 +29,15 @@ private:
 };
 
 /// Shows help texts, one at a time.
-class HelpDialog : public LmGenericDialog {
+class HelpDialog : public TextDialog {
 public:
     HelpDialog();
 
-    Widget createDialog(Widget parent) override;
     /// Shows what there is about the key.
     void showHelp(const std::string& key);
 
 private:
     HelpTexts _texts;
-    Widget _text = nullptr;
 };
 
 /// Has Lumora ask for help here: of a program of the class X, the files X.texts, X.index and X.helpmap. Before the first window is made.

@@ -1,7 +1,10 @@
 #include "Page.h"
 
+#include "TextDialog.h"
+
 #include <Lm/support/handles.h>
 #include <Lm/support/resources.h>
+#include <Lm/support/xt.h>
 
 #include <Xm/Form.h>
 #include <Xm/Label.h>
@@ -26,6 +29,9 @@ Page::Page(const char* name, Widget parent) : LmComponent(name)
     const lm::XmText title(XmStringCreateLocalized(lm::xtText(_title)));
     Widget head = XtVaCreateManagedWidget("pageTitle", xmLabelWidgetClass, _w, XmNlabelString, title.get(), XmNtopAttachment,
                                           XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, nullptr);
+    Widget code = XtVaCreateManagedWidget("showCode", xmPushButtonWidgetClass, _w, XmNtopAttachment, XmATTACH_FORM,
+                                          XmNrightAttachment, XmATTACH_FORM, nullptr);
+    lm::on<&Page::showCode>(code, XmNactivateCallback, this);
     const lm::XmText text(XmStringCreateLocalized(lm::xtText(_text)));
     Widget paragraph = XtVaCreateManagedWidget("pageText", xmLabelWidgetClass, _w, XmNlabelString, text.get(), XmNalignment,
                                                XmALIGNMENT_BEGINNING, XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, head,
@@ -34,6 +40,8 @@ Page::Page(const char* name, Widget parent) : LmComponent(name)
                                     XmNtopOffset, 2 * margin, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM,
                                     XmNbottomAttachment, XmATTACH_FORM, nullptr);
 }
+
+void Page::showCode() { showCodeOf(className()); }
 
 static Widget rowOf(const char* name, Widget parent, unsigned char orientation)
 {

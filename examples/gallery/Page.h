@@ -3,7 +3,8 @@
 
 #include <Lm/LmComponent.h>
 
-/// A page: a form with the widgets "pageTitle", "pageText" and "body". Title and text are resources of the page's name.
+/// A page: a form with the widgets "pageTitle", "showCode", "pageText" and "body". Title and text are resources of the page's
+/// name.
 class Page : public LmComponent {
 public:
     Page(const char* name, Widget parent);
@@ -17,6 +18,8 @@ protected:
     Widget body() const { return _body; }
 
 private:
+    void showCode();
+
     const char* _title = nullptr;   // resource
     const char* _text = nullptr;    // resource
     Widget _body = nullptr;

@@ -1,5 +1,6 @@
 #include "TabPage.h"
 
+#include <Lm/XmGrid.h>
 #include <Lm/support/xmtext.h>
 
 #include <Xm/Form.h>
@@ -34,9 +35,12 @@ static std::string calendar(year y, unsigned month)
 
 TabPage::TabPage(Widget parent)
     : Page("tabPage", parent),
-      _years("years", body(), False, 0),
-      _months("months", body(), True, 0),
-      _deck("monthDeck", body())
+      _grid(XtVaCreateManagedWidget("tabGrid", xmGridWidgetClass, body(), "defaultSpacing", 0, XmNtopAttachment, XmATTACH_FORM,
+                                    XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment,
+                                    XmATTACH_FORM, nullptr)),
+      _years("years", _grid, False, 0),
+      _months("months", _grid, True, 0),
+      _deck("monthDeck", _grid)
 {
     for (int i = 0; i < 12; ++i)
         _deck.addView(XtVaCreateManagedWidget("month", xmLabelWidgetClass, _deck.baseWidget(), nullptr));
@@ -52,16 +56,14 @@ TabPage::TabPage(Widget parent)
     _months.selectTab("September", nullptr);
 }
 
-/// The strips touch the deck, and their base lines each other.
+/// The deck takes the room to spare, with the years at its left and the months below it.
 void TabPage::place()
 {
-    XtVaSetValues(_years.baseWidget(), XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, XmNbottomAttachment,
-                  XmATTACH_WIDGET, XmNbottomWidget, _months.baseWidget(), nullptr);
-    XtVaSetValues(_months.baseWidget(), XmNbottomAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNleftAttachment,
-                  XmATTACH_OPPOSITE_WIDGET, XmNleftWidget, _deck.baseWidget(), XmNleftOffset, -_years.lineThickness(), nullptr);
-    XtVaSetValues(_deck.baseWidget(), XmNtopAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNleftAttachment,
-                  XmATTACH_WIDGET, XmNleftWidget, _years.baseWidget(), XmNbottomAttachment, XmATTACH_WIDGET, XmNbottomWidget,
-                  _months.baseWidget(), nullptr);
+    XtVaSetValues(_years.baseWidget(), "row", 0, "column", 0, nullptr);
+    XtVaSetValues(_deck.baseWidget(), "row", 0, "column", 1, nullptr);
+    XtVaSetValues(_months.baseWidget(), "row", 1, "column", 1, nullptr);
+    XmGridSetColumnResizability(_grid, 0, 0);
+    XmGridSetRowResizability(_grid, 1, 0);
 }
 
 void TabPage::yearChosen(LmCallbackObject*, void*, void* choice)

@@ -17,6 +17,7 @@ private:
     void yearChosen(LmCallbackObject*, void*, void* choice);
     void monthChosen(LmCallbackObject*, void*, void* choice);
 
+    Widget _grid;
     LmTabPanel _years, _months;
     LmDeck _deck;
 };
