@@ -124,7 +124,11 @@ static void console()
     job->begin();
     FILE* pipe = popen(writer, "r");
     g_unix_fd_add(fileno(pipe), static_cast<GIOCondition>(G_IO_IN | G_IO_HUP), readSome, view);   // behind the drawing: slower
-    while (!ended || gtk_events_pending())   // what it lays out later, the end of the text, counts, too
+    GtkAdjustment* position = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(view));
+    const auto fromEnd = [position] {
+        return gtk_adjustment_get_upper(position) - gtk_adjustment_get_page_size(position) - gtk_adjustment_get_value(position);
+    };
+    while (!ended || gtk_events_pending() || fromEnd() > 1)   // lines are laid out later; the last one is to be seen
         gtk_main_iteration();
     untilDrawn(view);
     job->done();
@@ -135,6 +139,7 @@ int main(int argc, char** argv)
     Job theJob(argc, argv);
     job = &theJob;
     gtk_init(&argc, &argv);
+    g_object_set(gtk_settings_get_default(), "gtk-enable-animations", FALSE, nullptr);   // scrolling at once
     window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
     gtk_window_set_default_size(GTK_WINDOW(window), windowWidth, windowHeight);
     if (job->is("start"))
