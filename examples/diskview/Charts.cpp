@@ -31,10 +31,7 @@ void SharePie::resize()
     LmPie::resize();
 }
 
-static int widthOf(XmFontList font, const std::string& text)
-{
-    return XmStringWidth(font, lm::compound(text.c_str()).get());
-}
+static int widthOf(XmFontList font, const std::string& text) { return XmStringWidth(font, lm::compound(text.c_str()).get()); }
 
 /// The text, cut so that it is not wider than that, in pixels.
 std::string SharePie::fitting(const std::string& text, int room)
@@ -71,7 +68,8 @@ void SharePie::addLabels(const std::vector<Share>& shares, int room)
     setTitle(fitting(_directory, room).c_str());
     size_t colour = 0;
     for (const Share& share : shares) {
-        const std::string part = "  " + std::to_string((share.thousandths + 5) / 10) + " %";
+        const int percent = (share.thousandths + 5) / 10;
+        const std::string part = percent > 0 ? "  " + std::to_string(percent) + " %" : "  < 1 %";
         const std::string name = fitting(shownName(share.name), room - widthOf(_fontList, part));
         add(share.thousandths, 1, &share == &shares.back() ? colours.back() : colours[colour++], (name + part).c_str());
     }

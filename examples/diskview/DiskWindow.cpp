@@ -29,9 +29,10 @@ static constexpr auto slice = std::chrono::milliseconds(4);
 class Exclusion : public LmAction {
 public:
     Exclusion(DiskWindow& window, Entry& entry)
-        : LmAction(("Exclude " + shownName(entry.name)).c_str()), _window(window), _entry(entry)
-    {
-    }
+        : LmAction(("Exclude " + shownName(entry.name)).c_str()),
+          _window(window),
+          _entry(entry)
+    {}
     void doit() override { _window.exclude(_entry, true); }
     void undoit() override { _window.exclude(_entry, false); }
 
@@ -88,8 +89,8 @@ Widget DiskWindow::setUpInterface(Widget parent)
 
 void DiskWindow::makeCharts(Widget form)
 {
-    _roomLabel = XtVaCreateManagedWidget("roomLabel", xmLabelWidgetClass, form, XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment,
-                                         XmATTACH_FORM, nullptr);
+    _roomLabel = XtVaCreateManagedWidget("roomLabel", xmLabelWidgetClass, form, XmNtopAttachment, XmATTACH_FORM,
+                                         XmNleftAttachment, XmATTACH_FORM, nullptr);
     _meter = std::make_unique<RoomMeter>("roomMeter", form);
     XtVaSetValues(_meter->baseWidget(), XmNtopAttachment, XmATTACH_OPPOSITE_WIDGET, XmNtopWidget, _roomLabel, XmNbottomAttachment,
                   XmATTACH_OPPOSITE_WIDGET, XmNbottomWidget, _roomLabel, XmNleftAttachment, XmATTACH_WIDGET, XmNleftWidget,
@@ -113,19 +114,19 @@ void DiskWindow::makeConsole(Widget form)
 {
     Widget label = XtVaCreateManagedWidget("commandLabel", xmLabelWidgetClass, form, XmNleftAttachment, XmATTACH_FORM, nullptr);
     Widget run = XtVaCreateManagedWidget("runCommand", xmPushButtonWidgetClass, form, XmNrightAttachment, XmATTACH_FORM, nullptr);
-    _command = XtVaCreateManagedWidget("command", xmTextFieldWidgetClass, form, XmNtopAttachment, XmATTACH_POSITION, XmNtopPosition,
-                                       68, XmNtopOffset, margin, XmNleftAttachment, XmATTACH_WIDGET, XmNleftWidget, label,
-                                       XmNleftOffset, margin, XmNrightAttachment, XmATTACH_WIDGET, XmNrightWidget, run,
-                                       XmNrightOffset, margin, nullptr);
+    _command = XtVaCreateManagedWidget("command", xmTextFieldWidgetClass, form, XmNtopAttachment, XmATTACH_POSITION,
+                                       XmNtopPosition, 68, XmNtopOffset, margin, XmNleftAttachment, XmATTACH_WIDGET,
+                                       XmNleftWidget, label, XmNleftOffset, margin, XmNrightAttachment, XmATTACH_WIDGET,
+                                       XmNrightWidget, run, XmNrightOffset, margin, nullptr);
     for (Widget w : {label, run})
         XtVaSetValues(w, XmNtopAttachment, XmATTACH_OPPOSITE_WIDGET, XmNtopWidget, _command, XmNbottomAttachment,
                       XmATTACH_OPPOSITE_WIDGET, XmNbottomWidget, _command, nullptr);
     _stop = XtVaCreateManagedWidget("stop", xmPushButtonWidgetClass, form, XmNrightAttachment, XmATTACH_FORM, XmNbottomAttachment,
                                     XmATTACH_FORM, nullptr);
     _status = XtVaCreateManagedWidget("status", xmLabelWidgetClass, form, XmNalignment, XmALIGNMENT_BEGINNING, XmNrecomputeSize,
-                                      False, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_WIDGET, XmNrightWidget,
-                                      _stop, XmNrightOffset, margin, XmNtopAttachment, XmATTACH_OPPOSITE_WIDGET, XmNtopWidget, _stop,
-                                      XmNbottomAttachment, XmATTACH_FORM, nullptr);
+                                      False, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_WIDGET,
+                                      XmNrightWidget, _stop, XmNrightOffset, margin, XmNtopAttachment, XmATTACH_OPPOSITE_WIDGET,
+                                      XmNtopWidget, _stop, XmNbottomAttachment, XmATTACH_FORM, nullptr);
     _console = std::make_unique<LmForkIO>("console", form, nullptr);
     XtVaSetValues(_console->baseWidget(), XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, _command, XmNtopOffset, margin,
                   XmNbottomAttachment, XmATTACH_WIDGET, XmNbottomWidget, _stop, XmNbottomOffset, margin, XmNleftAttachment,
@@ -137,7 +138,10 @@ void DiskWindow::makeConsole(Widget form)
     lm::on<&DiskWindow::stop>(_stop, XmNactivateCallback, this);
 }
 
-void DiskWindow::say(const std::string& text) { XtVaSetValues(_status, XmNlabelString, lm::compound(text.c_str()).get(), nullptr); }
+void DiskWindow::say(const std::string& text)
+{
+    XtVaSetValues(_status, XmNlabelString, lm::compound(text.c_str()).get(), nullptr);
+}
 
 // --- scanning ----------------------------------------------------------------------------------------------------------
 
@@ -145,6 +149,7 @@ void DiskWindow::scan(std::vector<std::string> paths)
 {
     if (!_outline)
         build();
+    _times.begin();
     _exclusions.clear();   // they leave the undo manager
     _outline->clear();
     _paths = std::move(paths);
@@ -154,7 +159,6 @@ void DiskWindow::scan(std::vector<std::string> paths)
     _isReading = true;
     XtSetSensitive(_stop, True);
     menu()->activateItem("stopScan");
-    _times.begin();
     _reading.start();
     _clock.start();
 }
@@ -233,7 +237,8 @@ void DiskWindow::showCharts()
         shown = shown->parent;
     _pie->showShares(shown, _look.measure);
     const std::string path = shown ? shown->path() : "/";
-    XtVaSetValues(_roomLabel, XmNlabelString, lm::compound(_meter->showRoom(path, _tree->total(), _look.units).c_str()).get(), nullptr);
+    XtVaSetValues(_roomLabel, XmNlabelString, lm::compound(_meter->showRoom(path, _tree->total(), _look.units).c_str()).get(),
+                  nullptr);
 }
 
 // --- what the user does ------------------------------------------------------------------------------------------------

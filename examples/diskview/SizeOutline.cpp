@@ -24,7 +24,10 @@ static bool isDark(Display* display, Pixel pixel)
     return color.red + color.green + color.blue < 3 * 0x8000;
 }
 
-SizeOutline::SizeOutline(const char* name, Widget parent) : LmOutlineASB(name, parent), _making([this] { return makeNodes(); })
+SizeOutline::SizeOutline(const char* name, Widget parent)
+    : LmOutlineASB(name, parent),
+      _making([this] { return makeNodes(); }),
+      _deleting([this] { return deleteNodes(); })
 {
     const auto colour = [this](const char* resource, const char* fallback) {
         return static_cast<Pixel>(
@@ -44,13 +47,15 @@ SizeOutline::~SizeOutline()
     if (listWidget())
         lm::off<&SizeOutline::choose>(listWidget(), XmNbrowseSelectionCallback, this);
     forgetUnshown();
+    for (LmOlNode* node : _old)
+        delete node;
 }
 
 void SizeOutline::clear()
 {
     _making.stop();
     forgetUnshown();
-    reset();
+    takeShown();
     _tree = nullptr;
     _chosen = nullptr;
     _open.clear();
@@ -65,6 +70,33 @@ void SizeOutline::forgetUnshown()
                 delete node;
         branches->clear();
     }
+}
+
+/// Empties the outline. A hundred thousand nodes take a while to delete: that is done in idle time, too.
+void SizeOutline::takeShown()
+{
+    for (int i = 0; i < root()->nchild(); ++i)
+        _old.push_back(root()->child(i));
+    for (LmOlNode* node : _old)
+        root()->removeChild(node);
+    reset();
+    _deleting.start();
+}
+
+bool SizeOutline::deleteNodes()
+{
+    const auto end = Clock::now() + slice;
+    while (!_old.empty() && Clock::now() < end)
+        for (int i = 0; i < 32 && !_old.empty(); ++i) {
+            LmOlNode* node = _old.back();
+            _old.pop_back();
+            const auto first = static_cast<std::ptrdiff_t>(_old.size());
+            for (int child = 0; child < node->nchild(); ++child)
+                _old.push_back(node->child(child));
+            std::for_each(_old.begin() + first, _old.end(), [node](LmOlNode* child) { node->removeChild(child); });
+            delete node;
+        }
+    return _old.empty();
 }
 
 // --- making ------------------------------------------------------------------------------------------------------------
@@ -157,7 +189,7 @@ void SizeOutline::show()
 {
     int topRow = 1;
     XtVaGetValues(listWidget(), XmNtopItemPosition, &topRow, nullptr);
-    reset();
+    takeShown();
     for (Branch& branch : _made) {
         std::string label = labelOf(*branch.entry), key = std::to_string(branch.entry->number);
         char *labels[] = {label.data(), nullptr}, *keys[] = {key.data(), nullptr};

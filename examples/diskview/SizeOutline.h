@@ -56,10 +56,12 @@ private:
     std::string labelOf(const Entry& entry) const;
     int styleOf(const Entry& entry) const;
     void forgetUnshown();
+    void takeShown();
+    bool deleteNodes();
     void show();
     void choose(XmListCallbackStruct* choice);
 
-    Task _making;
+    Task _making, _deleting;
     Tree* _tree = nullptr;
     Look _look;
     std::vector<Branch> _branches;   // those begun, the innermost last
@@ -67,6 +69,7 @@ private:
     std::size_t _nextTop = 0;
     std::vector<Entry*> _tops;
     std::vector<LmOlNode*> _nodes;   // by the entries' numbers
+    std::vector<LmOlNode*> _old;     // shown once, and to be deleted
     std::set<std::size_t> _open;     // numbers of entries
     Entry* _chosen = nullptr;
     int _markStyle = 0, _excludedStyle = 0;

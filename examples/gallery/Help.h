@@ -40,5 +40,6 @@ private:
     HelpTexts _texts;
 };
 
-/// Has Lumora ask for help here: of a program of the class X, the files X.texts, X.index and X.helpmap. Before the first window is made.
+/// Has Lumora ask for help here: of a program of the class X, the files X.texts, X.index and X.helpmap. Before the first window
+/// is made.
 void installHelp();

@@ -82,8 +82,7 @@ protected:
 void readAll(Tree& tree, const std::vector<std::string>& paths)
 {
     Scanner scanner(tree, paths);
-    while (!scanner.read(0ms)) {
-    }
+    while (!scanner.read(0ms)) {}
 }
 
 Entry* entryAt(Tree& tree, const std::string& path)
@@ -160,7 +159,8 @@ TEST(DiskWords, SizesAreWrittenAndReadAndPathsAreOneWord)
     EXPECT_EQ(readSize("4096"), 4096);
     for (const char* wrong : {"", "much", "5 apples", "-1", "1 i", "9e99"})
         EXPECT_FALSE(readSize(wrong)) << wrong;
-    EXPECT_EQ(outputOf("sh -c \"$(cat <<'END'\n" + commandOn("printf %s", "/a b/it's $HOME\xff") + "\nEND\n)\""), "/a b/it's $HOME\xff");
+    EXPECT_EQ(outputOf("sh -c \"$(cat <<'END'\n" + commandOn("printf %s", "/a b/it's $HOME\xff") + "\nEND\n)\""),
+              "/a b/it's $HOME\xff");
     EXPECT_EQ(shownName("a\nb\xff"), "a?b\xef\xbf\xbd");
     EXPECT_EQ(withoutNested({"/usr/lib", "/usr", "/usrlocal", "/usr"}), (std::vector<std::string>{"/usr", "/usrlocal"}));
     EXPECT_EQ(withoutNested({"/usr", "/"}), std::vector<std::string>{"/"});
