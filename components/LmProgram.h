@@ -29,9 +29,9 @@ public:
 
     /// Non-zero: later runs get an input pipe. Initially 0.
     void setWantInput(int wantInput) { _wantInput = wantInput; }
-    int wantInput() const { return _wantInput; }
+    int wantInput() const { return _wantInput; }             ///< What setWantInput() set.
     const char* command() const { return _command.get(); }   ///< null when constructed with null
-    int createOption() const { return _createOption; }
+    int createOption() const { return _createOption; }       ///< As constructed.
 
 private:
     lm::CString _command;

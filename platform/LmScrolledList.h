@@ -40,16 +40,20 @@ LM_API void LmListSetPositionAttributes(Widget list, int position, XmFontList fo
 /// shown; one of depth 1 is drawn in the row's colours. An id that is no pixmap shows nothing. Its size is asked for once.
 LM_API void LmListSetPositionIcon(Widget list, int position, Pixmap icon);
 
-/// What was set: 0 and None for a plain row, and for one that does not exist.
+/// The row's indent; 0 for a plain row, and for one that does not exist.
 LM_API int LmListGetPositionIndent(Widget list, int position);
+/// The row's icon; None for a plain row, and for one that does not exist.
 LM_API Pixmap LmListGetPositionIcon(Widget list, int position);
 
-/// Removes one row, `count` rows from `position` on (fewer when the list ends), or all rows.
+/// Removes one row.
 LM_API void LmListDeletePos(Widget list, int position);
+/// Removes `count` rows from `position` on, fewer when the list ends.
 LM_API void LmListDeleteItemsPos(Widget list, int count, int position);
+/// Removes all rows.
 LM_API void LmListDeleteAllItems(Widget list);
 
-/// Selection, as XmListDeselectAllItems and XmListSelectPos.
+/// As XmListDeselectAllItems.
 LM_API void LmListDeselectAllItems(Widget list);
+/// As XmListSelectPos.
 LM_API void LmListSelectPos(Widget list, int position, Boolean notify);
 }

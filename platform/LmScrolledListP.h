@@ -9,19 +9,21 @@ namespace lm {
 
 class RowList;
 
+/// What the row list adds to a Motif list.
 struct ScrolledListPart {
-    Boolean showIcons;
-    Boolean update;
-    XtCallbackList activateCallback;
-    XtCallbackList unrealizeCallback;   // Xt runs it for classes that declare it
-    RowList* rows;                      // owned: Xt makes and frees the record as plain memory
+    Boolean showIcons;                  ///< the resource
+    Boolean update;                     ///< the resource
+    XtCallbackList activateCallback;    ///< the resource
+    XtCallbackList unrealizeCallback;   ///< Xt runs it for classes that declare it
+    RowList* rows;                      ///< owned: Xt makes and frees the record as plain memory
 };
 
+/// The record of one row list.
 struct ScrolledListRec {
-    CorePart core;
-    XmPrimitivePart primitive;
-    XmListPart list;
-    ScrolledListPart scrolledList;
+    CorePart core;                   ///< as every widget
+    XmPrimitivePart primitive;       ///< as every XmPrimitive
+    XmListPart list;                 ///< as every XmList
+    ScrolledListPart scrolledList;   ///< the row list's own
 };
 
 }   // namespace lm

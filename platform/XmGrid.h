@@ -32,7 +32,7 @@
 ///     column          Column          Int          -1
 ///     resizeHorizontal ResizeHorizontal Boolean    True        the child is as wide as its column
 ///     resizeVertical  ResizeVertical  Boolean      True        the child is as high as its row
-///     gravity         Gravity         Gravity      5           where a child lies in a cell that it does not fill: 1 to 9
+///     gravity         Gravity         XmGridGravity 5          where a child lies in a cell that it does not fill: 1 to 9
 ///                                                              row by row from the upper left corner, or X's names
 ///
 ///   Constraints of the spring box: weights by which room to spare goes to the springs beside a child and to the child
@@ -62,9 +62,9 @@ LM_API Widget XmCreateSpringBox(Widget parent, char* name, ArgList args, Cardina
 /// Sets the weight by which a row or column (counted from 0) shares in the room to spare; 0: it keeps its natural size.
 /// These functions take a grid or a grid dialog; for any other widget, or an index that is no track, nothing happens.
 LM_API void XmGridSetRowResizability(Widget grid, int row, int weight);
-LM_API void XmGridSetColumnResizability(Widget grid, int column, int weight);
+LM_API void XmGridSetColumnResizability(Widget grid, int column, int weight);   ///< As XmGridSetRowResizability().
 /// Sets the space on both sides of a row or column, pixels; where two meet, the larger counts. -1: defaultSpacing between
 /// tracks, and none at the edges.
 LM_API void XmGridSetRowMargin(Widget grid, int row, int margin);
-LM_API void XmGridSetColumnMargin(Widget grid, int column, int margin);
+LM_API void XmGridSetColumnMargin(Widget grid, int column, int margin);   ///< As XmGridSetRowMargin().
 }

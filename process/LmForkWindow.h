@@ -22,7 +22,7 @@ public:
     /// Destroys the console, and so terminates its command.
     ~LmForkWindow() override;
 
-    LmForkIO* forkIO() const { return _forkIO.get(); }
+    LmForkIO* forkIO() const { return _forkIO.get(); }     ///< The console; owned by the window.
     const char* prompt() const { return _prompt.get(); }   ///< as constructed; may be null
 
 private:

@@ -29,9 +29,9 @@ public:
     /// gone afterwards.
     void deliverRest();
 
-    int readFd() const { return _fds[0]; }    ///< -1 when there is no pipe
-    int writeFd() const { return _fds[1]; }   ///< as it was made; the owner may have closed it
-    LmInput* input() const { return _input.get(); }
+    int readFd() const { return _fds[0]; }            ///< -1 when there is no pipe
+    int writeFd() const { return _fds[1]; }           ///< as it was made; the owner may have closed it
+    LmInput* input() const { return _input.get(); }   ///< The watcher of the reading end; never null.
 
 private:
     int waiting() const;

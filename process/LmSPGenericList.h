@@ -6,6 +6,7 @@
 /// One place of a LmSPGenericList. Destroyed, it takes itself out of the chain.
 class LM_API LmSPGenericNode {
 public:
+    /// Joins itself into the chain between the two, which may be null.
     LmSPGenericNode(void* item, LmSPGenericNode* previous, LmSPGenericNode* next);
     LmSPGenericNode(const LmSPGenericNode&) = delete;
     LmSPGenericNode& operator=(const LmSPGenericNode&) = delete;
@@ -13,7 +14,7 @@ public:
 
     LmSPGenericNode* previous() const { return _previous; }   ///< null at the head
     LmSPGenericNode* next() const { return _next; }           ///< null at the tail
-    void* item() const { return _item; }
+    void* item() const { return _item; }                      ///< As constructed; not owned.
 
 private:
     LmSPGenericNode* _previous;
@@ -32,22 +33,22 @@ public:
     LmSPGenericList& operator=(const LmSPGenericList&) = delete;
     ~LmSPGenericList() { clear(); }
 
-    void append(void* item);
-    void prepend(void* item);
+    void append(void* item);    ///< Adds the item at the end.
+    void prepend(void* item);   ///< Adds the item at the start.
     /// Inserts the item so that it gets that index, from 0 to size().
     void insertAt(long index, void* item);
     /// The item at an index from 0 to size() - 1.
     void* findItem(long index);
-    LmSPGenericNode* findNode(long index);
+    LmSPGenericNode* findNode(long index);   ///< The node at an index from 0 to size() - 1.
     /// Removes a node of this list and returns its item; null: nothing. (A literal null needs a cast.)
     void* remove(LmSPGenericNode* node);
     /// Removes the first node with that item. Null: there is none.
     void* remove(void* item);
-    void* remove(long index);
+    void* remove(long index);   ///< Removes the node at an index and returns its item.
     /// Removes every node.
     void clear();
 
-    long size() const { return _count; }
+    long size() const { return _count; }   ///< The number of items.
 
 private:
     LmSPGenericNode* nearest(long& index) const;

@@ -82,7 +82,7 @@ public:
     void closeInput();
     LmPipe* stdoutPipe() const { return _stdoutPipe.get(); }   ///< null unless captured
     LmPipe* stderrPipe() const { return _stderrPipe.get(); }   ///< null unless captured
-    int createOption() const { return _createOption; }
+    int createOption() const { return _createOption; }         ///< As constructed.
 
 private:
     static void initialize();
@@ -125,13 +125,13 @@ private:
 class LM_API RPtr_LmSubProcessRep {
 public:
     RPtr_LmSubProcessRep() = default;
-    RPtr_LmSubProcessRep(LmSubProcessRep* rep);
-    RPtr_LmSubProcessRep(const RPtr_LmSubProcessRep& other);
-    RPtr_LmSubProcessRep& operator=(const RPtr_LmSubProcessRep& other);
+    RPtr_LmSubProcessRep(LmSubProcessRep* rep);                           ///< Holds the record; null: holds none.
+    RPtr_LmSubProcessRep(const RPtr_LmSubProcessRep& other);              ///< Holds the same record.
+    RPtr_LmSubProcessRep& operator=(const RPtr_LmSubProcessRep& other);   ///< Lets go of its record and holds the other's.
     ~RPtr_LmSubProcessRep();
 
-    LmSubProcessRep& operator*() const { return *_rep; }
-    LmSubProcessRep* operator->() const { return _rep; }
+    LmSubProcessRep& operator*() const { return *_rep; }   ///< The record; there must be one.
+    LmSubProcessRep* operator->() const { return _rep; }   ///< The record; null when there is none.
 
 private:
     static void hold(LmSubProcessRep* rep);

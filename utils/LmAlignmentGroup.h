@@ -13,16 +13,16 @@ public:
     /// Appends every second item of an option menu: its entries, without what separates them.
     virtual void add(LmOptionMenu* menu);
 
-    void alignLeft();
-    void alignRight();
-    void alignTop();
-    void alignBottom();
+    void alignLeft();     ///< Gives every member the x of the rightmost.
+    void alignRight();    ///< Moves every member so that its right edge is where that of the furthest one is.
+    void alignTop();      ///< Gives every member the y of the lowest.
+    void alignBottom();   ///< Moves every member so that its lower edge is where that of the lowest one is.
     /// Gives every member the width of the widest.
     void alignWidth();
-    void alignHeight();
+    void alignHeight();   ///< Gives every member the height of the highest.
     /// Spreads the members evenly between the first and the last; nothing with fewer than two.
     void distributeHorizontal();
-    void distributeVertical();
+    void distributeVertical();   ///< As distributeHorizontal(), from top to bottom.
     /// Gives every member its preferred size.
     void makeNormal();
 

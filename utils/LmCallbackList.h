@@ -19,11 +19,11 @@ public:
     /// Runs the registration when its name is `name`. The item may be gone afterwards.
     void invoke(LmCallbackObject* caller, const char* name, void* callData);
 
-    LmCallbackObject* target() const { return _target; }   ///< null for a function
-    const char* name() const { return _name; }             ///< never freed
-    LmCallbackFunction function() const { return _function; }
-    LmCallbackMethod method() const { return _method; }
-    void* clientData() const { return _clientData; }
+    LmCallbackObject* target() const { return _target; }        ///< null for a function
+    const char* name() const { return _name; }                  ///< never freed
+    LmCallbackFunction function() const { return _function; }   ///< Null for a member function.
+    LmCallbackMethod method() const { return _method; }         ///< Null for a function.
+    void* clientData() const { return _clientData; }            ///< As registered; not owned.
     /// Whether the name has the same characters; false for null.
     bool hasName(const char* name) const;
 
@@ -76,7 +76,7 @@ public:
     /// Whether an item has that name.
     bool hasCallbacks(const char* name) const;
 
-    int size() const { return static_cast<int>(_items.size()); }
+    int size() const { return static_cast<int>(_items.size()); }   ///< The number of registrations.
     /// The item at an index; null outside 0..size()-1.
     LmCallbackItem* operator[](int index) const;
 
@@ -101,7 +101,7 @@ public:
     /// Removes the first occurrence.
     virtual void removeFirst(LmCallbackObject* object);
 
-    int size() const { return static_cast<int>(_objects.size()); }
+    int size() const { return static_cast<int>(_objects.size()); }   ///< How many entries there are.
     /// The object at an index; null outside 0..size()-1.
     LmCallbackObject* operator[](int index) const;
 

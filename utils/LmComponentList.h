@@ -22,7 +22,7 @@ public:
     /// Removes the last occurrence.
     virtual void removeLast(LmComponent* component);
 
-    int size() const { return static_cast<int>(_components.size()); }
+    int size() const { return static_cast<int>(_components.size()); }   ///< How many entries there are.
     /// The component at an index; null outside 0..size()-1.
     LmComponent* operator[](int index) const;
 

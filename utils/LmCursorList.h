@@ -34,7 +34,7 @@ public:
     Cursor current();
 
 protected:
-    int _numCursors;
+    int _numCursors;                      ///< as constructed
     int _index = -1;                      ///< the frame that next() will answer; -1 before the first use
     std::unique_ptr<Cursor[]> _cursors;   ///< `_numCursors` frames, 0 where not created yet
 
@@ -56,6 +56,6 @@ public:
     void createCursor(int index) override;
 
 protected:
-    XColor _foreground{};
-    XColor _background{};
+    XColor _foreground{};   ///< the resource busyCursorForeground
+    XColor _background{};   ///< the resource busyCursorBackground
 };

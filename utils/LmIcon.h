@@ -39,4 +39,4 @@ LM_API Pixel getHilight(Widget w, Pixel ignored, Pixel base);
 /// stay the caller's through the pointers that are not null, and the application's otherwise: they must live as long as `w`.
 /// An icon that cannot be made is stored as 0 and shown as none.
 LM_API void LmInstallIcon(Widget w, const char** xpm, Pixmap* normal, Pixmap* armed);
-LM_API void LmInstallIcon(Widget w, const char** xpm);
+LM_API void LmInstallIcon(Widget w, const char** xpm);   ///< The same; both pixmaps are the application's.

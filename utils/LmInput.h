@@ -23,7 +23,7 @@ public:
     void remove();
     /// The descriptor given last, -1 before.
     int fd() const { return _fd; }
-    bool isAttached() const { return static_cast<bool>(_input); }
+    bool isAttached() const { return static_cast<bool>(_input); }   ///< Whether a descriptor is watched.
 
     /// The Xt input procedure: announces inputCallback of the object given.
     static void inputXtCallback(XtPointer input, int* fd, XtInputId* id) noexcept;

@@ -39,16 +39,16 @@ public:
 
     /// What is done to a plain list. `data` is not used.
     static void xmListSetPos(Widget list, int position, char* data);
-    static void xmListSetMiddlePos(Widget list, int position, char* data);
-    static int xmListIsViewablePos(Widget list, int position, char* data);
-    static void xmListDeselectAllItems(Widget list, char* data);
-    static void xmListSelectPos(Widget list, int position, char* data);
+    static void xmListSetMiddlePos(Widget list, int position, char* data);   ///< Scrolls the item to the middle.
+    static int xmListIsViewablePos(Widget list, int position, char* data);   ///< 1 when the item is in view, else 0.
+    static void xmListDeselectAllItems(Widget list, char* data);             ///< Deselects every item.
+    static void xmListSelectPos(Widget list, int position, char* data);      ///< Selects the item, with its callbacks.
     /// The same for a list with icons, which obeys the same calls.
     static void iconListSetPos(Widget list, int position, char* data);
-    static void iconListSetMiddlePos(Widget list, int position, char* data);
-    static int iconListIsViewablePos(Widget list, int position, char* data);
-    static void iconListDeselectAllItems(Widget list, char* data);
-    static void iconListSelectPos(Widget list, int position, char* data);
+    static void iconListSetMiddlePos(Widget list, int position, char* data);   ///< As xmListSetMiddlePos().
+    static int iconListIsViewablePos(Widget list, int position, char* data);   ///< As xmListIsViewablePos().
+    static void iconListDeselectAllItems(Widget list, char* data);             ///< As xmListDeselectAllItems().
+    static void iconListSelectPos(Widget list, int position, char* data);      ///< As xmListSelectPos().
 
 private:
     int startOf(const char* text, const char* lastText) const;

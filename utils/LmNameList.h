@@ -27,10 +27,10 @@ class LM_API LmNameList {
 public:
     /// The empty list.
     LmNameList() = default;
-    LmNameList(const LmNameList& other) = default;
+    LmNameList(const LmNameList& other) = default;   ///< The same names, copied.
     /// A list of one name.
     LmNameList(const char* name) { add(name); }
-    LmNameList& operator=(const LmNameList& other) = default;
+    LmNameList& operator=(const LmNameList& other) = default;   ///< The same names, copied.
     virtual ~LmNameList() = default;
     /// Completes `text`: the names that begin with it, in list order, as a new list that the caller deletes. `completed`
     /// becomes a new string that the caller frees with `free`: the longest common prefix of these names (the name itself
@@ -47,11 +47,11 @@ public:
     void remove(const char* name);
     /// Sorts the names in ascending order.
     void sort();
-    void reverse();
+    void reverse();   ///< Turns the order round.
     /// Sorts the list and leaves one of each set of equal names.
     void removeDuplicates();
 
-    int size() const { return static_cast<int>(_names.size()); }
+    int size() const { return static_cast<int>(_names.size()); }   ///< The number of names.
     /// The name at an index without a copy: the list's own, valid until the list changes; null outside 0..size()-1.
     const char* at(int index) const;
     /// 1 when the name is in the list, else 0.

@@ -26,6 +26,7 @@ public:
 
     /// The Xt procedures of the members, with the group as client data.
     static void valueChangedCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
+    /// A push button was armed: runs arm().
     static void armCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
 
 protected:

@@ -26,9 +26,9 @@ enum LmTextIOReason : int {
 
 /// The call data of LmTextIO::textCallback.
 struct LmTextIOCallbackStruct {
-    LmTextIOReason reason;
-    LmTextIO* component;
-    char* line;   ///< without newline, valid during the call; null for TEXTIO_INTERRUPT
+    LmTextIOReason reason;   ///< why the callback is called
+    LmTextIO* component;     ///< who calls
+    char* line;              ///< without newline, valid during the call; null for TEXTIO_INTERRUPT
 };
 
 /// A console: the program writes output, the user types lines behind a prompt. Only the present input line can be edited
@@ -90,8 +90,8 @@ public:
 
     /// Whether the user may type.
     Boolean activated() const;
-    void activate();
-    void deactivate();
+    void activate();     ///< Lets the user type.
+    void deactivate();   ///< Keeps the user from typing; the background shows it.
 
     /// Has changes not shown, and takes prompt and input line out, until enableRedisplay(). Does not nest.
     void disableRedisplay();
@@ -108,19 +108,20 @@ public:
 
     /// The text cursor is hidden while it is above the input line.
     Boolean cursorVisible() const { return _cursorShown; }
-    void setCursorVisible(Boolean visible);
+    void setCursorVisible(Boolean visible);   ///< Shows or hides the text cursor now.
 
     /// The text widget; null once destroyed.
     Widget textWidget() const { return _text; }
-    const char* prompt() const { return _prompt.c_str(); }
+    const char* prompt() const { return _prompt.c_str(); }   ///< What the next input line begins with.
 
     /// The Xt procedures, with the component as client data or, for actions, as the widget's user data.
     static void modify_verify(Widget w, XtPointer component, XtPointer callData) noexcept;
+    /// The insertion cursor is about to move.
     static void motion_verify(Widget w, XtPointer component, XtPointer callData) noexcept;
-    static void ctrl_u(Widget w, XEvent* event, String* params, Cardinal* count) noexcept;
-    static void ctrl_c(Widget w, XEvent* event, String* params, Cardinal* count) noexcept;
-    static void ctrl_w(Widget w, XEvent* event, String* params, Cardinal* count) noexcept;
-    static Boolean prompt_stub(XtPointer component) noexcept;
+    static void ctrl_u(Widget w, XEvent* event, String* params, Cardinal* count) noexcept;   ///< The action behind Ctrl-U.
+    static void ctrl_c(Widget w, XEvent* event, String* params, Cardinal* count) noexcept;   ///< The action behind Ctrl-C.
+    static void ctrl_w(Widget w, XEvent* event, String* params, Cardinal* count) noexcept;   ///< The action behind Ctrl-W.
+    static Boolean prompt_stub(XtPointer component) noexcept;   ///< The program is idle: puts prompt and input line back.
 
 protected:
     /// The input line, UTF-8.
@@ -137,7 +138,7 @@ protected:
     /// While it lives changes are made but not shown, and the input line stays in the text.
     class LM_API Unseen {
     public:
-        explicit Unseen(LmTextIO& pane);
+        explicit Unseen(LmTextIO& pane);   ///< Begins to keep the pane's changes from sight.
         Unseen(const Unseen&) = delete;
         Unseen& operator=(const Unseen&) = delete;
         ~Unseen();

@@ -31,7 +31,7 @@ public:
     /// A widget of the list is being destroyed; removes it. Overrides call this one.
     virtual void widgetDestroyed(Widget w, void* callData);
 
-    int size() const { return static_cast<int>(_widgets.size()); }
+    int size() const { return static_cast<int>(_widgets.size()); }   ///< How many entries there are.
     /// The widget at an index; null outside 0..size()-1.
     Widget operator[](int index) const;
     /// The Xt destroy procedure: runs widgetDestroyed() of the list given as client data.

@@ -62,10 +62,10 @@ public:
     virtual void quitYourself();
     /// Offers an event that no widget took to every window.
     virtual void handleRawEvent(XEvent* event);
-    virtual void raise();
-    virtual void lower();
-    virtual void iconify();
-    virtual void open();
+    virtual void raise();     ///< LmSimpleWindow::raise() of every window.
+    virtual void lower();     ///< LmSimpleWindow::lower() of every window.
+    virtual void iconify();   ///< LmSimpleWindow::iconify() of every window.
+    virtual void open();      ///< LmSimpleWindow::open() of every window.
     /// The cursor of the busy state: the fixed one if set, else the present frame of the animated one.
     virtual Cursor busyCursor();
     /// The cursor of the normal state, an arrow in the colours of the resources.
@@ -80,7 +80,8 @@ public:
     /// Shows that busy work goes on: next frame of the cursor, and the message, if any, in the busy dialog.
     virtual void progressing(const char* message = nullptr);
 
-    Display* display() const { return _display; }
+    Display* display() const { return _display; }   ///< The connection to the X server.
+    /// Xt's context, which all timers, inputs and work procedures of the program belong to.
     XtAppContext appContext() const { return _appContext; }
     /// The number of arguments that neither Xt nor the library understood, with the program's own name.
     int argc() const { return _argc; }
@@ -96,7 +97,7 @@ public:
     LmSimpleWindow* mainWindow() const;
     /// Whether windows start iconified now; run() ends that.
     Boolean iconic() const { return _iconic; }
-    Boolean usePopupPlanes() const { return _usePopupPlanes; }
+    Boolean usePopupPlanes() const { return _usePopupPlanes; }   ///< The resource "usePopupPlanes".
     /// How many busy() calls wait for their notBusy().
     int busyCount() const { return _busyCount; }
     /// The registered windows, in order of registration.
@@ -128,7 +129,7 @@ public:
     const char* versionString() const { return _versionString; }
     /// Sets the dialog (not owned; null: none) that the Version entry of help panes posts in place of the text.
     void setAboutDialog(LmDialogManager* dialog) { _aboutDialog = dialog; }
-    LmDialogManager* aboutDialog() const { return _aboutDialog; }
+    LmDialogManager* aboutDialog() const { return _aboutDialog; }   ///< The dialog set by setAboutDialog(); null for none.
 
     static Cursor _normalCursor;         ///< shared by the whole program; None until needed or set
     static Cursor _busyCursor;           ///< the fixed busy cursor; None: the animated one is used
@@ -177,6 +178,7 @@ LM_API void LmCreateAppStub(Widget w);
 /// Keeps the application busy while it lives.
 class LM_API LmBusyScope {
 public:
+    /// Calls busy() of the application with these arguments.
     explicit LmBusyScope(const char* message = nullptr, LmSimpleWindow* parent = nullptr)
     {
         theApplication->busy(message, parent);

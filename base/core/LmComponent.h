@@ -84,6 +84,6 @@ private:
     const char* _name;   // never freed
 
 protected:
-    Widget _baseWidget = nullptr;
-    Widget& _w = _baseWidget;   // the same widget, for short
+    Widget _baseWidget = nullptr;   ///< the topmost widget of the component; null while there is none
+    Widget& _w = _baseWidget;       ///< the same widget, for short
 };

@@ -44,14 +44,14 @@ public:
     virtual void open();
     /// Raises the window, unless it was hidden.
     virtual void raise();
-    virtual void lower();
+    virtual void lower();   ///< Lowers the window, if it is realized.
     /// The same as iconify().
     virtual void iconize();
     /// Iconifies the window; before the first show(): it will appear iconified.
     virtual void iconify();
     /// Makes the view now, without showing the window.
     virtual void build();
-    virtual Widget mainWindowWidget() { return _mainWindowWidget; }
+    virtual Widget mainWindowWidget() { return _mainWindowWidget; }   ///< The XmMainWindow in the shell; null once destroyed.
     /// The work area; null while there is none.
     virtual Widget viewWidget() { return _viewWidget; }
     /// Makes the view as a child of `parent`, the main window widget, and returns it; null (the default): no view.
@@ -68,8 +68,8 @@ public:
     virtual void handleRawEvent(XEvent*) {}
     /// Blocks input to the window. The application calls it; programs call the application's busy().
     virtual void busy();
-    virtual void veryBusy();
-    virtual void notBusy();
+    virtual void veryBusy();   ///< The same as busy(); a derived class may show it differently.
+    virtual void notBusy();    ///< Lets input through to the window again.
 
     /// Makes `w` the view and manages it. A view inside a scrolled window of the main window: that one becomes the view.
     void addView(Widget w);
@@ -88,7 +88,7 @@ public:
     /// Replaces the class part of the window's WM_CLASS. The window must be realized.
     void setClassHint(const char* resClass);
 
-    IconState iconState() const { return _iconState; }
+    IconState iconState() const { return _iconState; }   ///< The state that stateChanged() stored.
     /// 1 after show(), 0 after hide(), build() or addView(), 2 before any of them.
     int visibleState() const { return _visibleState; }
     /// 0 after raise(), 1 after lower(), 2 before either.
@@ -98,6 +98,7 @@ public:
 
     /// The protocol callbacks, with the window as client data.
     static void deleteWindowCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
+    /// The quit request's callback, with the window as client data.
     static void quitAppCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
     /// Follows the shell's MapNotify and UnmapNotify events, with the window as client data.
     static void stateChangedEventHandler(Widget w, XtPointer clientData, XEvent* event, Boolean* goOn) noexcept;

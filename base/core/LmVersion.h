@@ -3,15 +3,16 @@
 
 #include "support/LmExport.h"
 
-/// The version of the headers that a program is compiled with. While the major number stays, programs run with every later
-/// library.
+/// The version of the headers that a program is compiled with: its first number. While it stays, programs run with
+/// every later library.
 #define LM_VERSION_MAJOR 1
-#define LM_VERSION_MINOR 0
-#define LM_VERSION_MICRO 0
+#define LM_VERSION_MINOR 0   ///< the second number of the version
+#define LM_VERSION_MICRO 0   ///< the third number of the version
 /// "1.0.0"
 #define LM_VERSION_STRING "1.0.0"
 /// The version as one number: `#if LM_VERSION >= LM_VERSION_NUMBER(1, 2, 0)`.
 #define LM_VERSION_NUMBER(major, minor, micro) ((major)*10000 + (minor)*100 + (micro))
+/// The version of the headers as such a number.
 #define LM_VERSION LM_VERSION_NUMBER(LM_VERSION_MAJOR, LM_VERSION_MINOR, LM_VERSION_MICRO)
 
 extern "C" {

@@ -31,8 +31,10 @@ public:
     void setMenuBar(LmMenuDesc* desc);
     /// Appends a pane to the menu bar, which is made (with the help pane) when there is none.
     LmSubMenu* addMenuPane(const char* name);
+    /// The same with a pane that a table fills; the window is the default client data.
     LmSubMenu* addMenuPane(const char* name, LmMenuDesc* desc);
-    LmRadioSubMenu* addRadioMenuPane(const char* name);
+    LmRadioSubMenu* addRadioMenuPane(const char* name);   ///< Appends a pane whose toggles exclude each other.
+    /// The same with a pane that a table fills; the window is the default client data.
     LmRadioSubMenu* addRadioMenuPane(const char* name, LmMenuDesc* desc);
 
 private:
@@ -45,7 +47,7 @@ private:
 /// A window of a document: an LmWindow under a class name of its own.
 class LM_API LmDoc : public LmWindow {
 public:
-    explicit LmDoc(const char* name) : LmWindow(name) {}
+    explicit LmDoc(const char* name) : LmWindow(name) {}   ///< A document window of that name, without a menu bar.
 
     const char* className() override { return "LmDoc"; }
 };

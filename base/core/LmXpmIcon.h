@@ -8,7 +8,7 @@
 /// The icon directory below the installation root: "config/gui/bitmaps".
 extern LM_API const char* ICON_FILE_DIR;
 
-/// Installs the icon `name` on the shell: the file <root>/<ICON_FILE_DIR>/<name>.xpm, where the root is the environment
+/// Installs the icon `name` on the shell: the file "ROOT/ICON_FILE_DIR/NAME.xpm", where the root is the environment
 /// variable ZENTAHOME as it was at the first call, else "/usr/zenta". The window's _NET_WM_ICON gets the same picture as
 /// soon as the shell has a window.
 /// A file that does not exist, that is no regular file or whose path has more than 1023 bytes is no icon and no fault;

@@ -10,7 +10,7 @@
 ///   Others     as LmDialogManager
 class LM_API LmBusyDialog : public LmDialogManager {
 public:
-    explicit LmBusyDialog(const char* name);
+    explicit LmBusyDialog(const char* name);   ///< No widget is made before the first posting.
     ~LmBusyDialog() override;
 
     Widget createDialog(Widget parent) override;

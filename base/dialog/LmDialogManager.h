@@ -14,6 +14,7 @@ class LmSimpleWindow;
 /// stays, empty. Deleting an entry destroys its dialog.
 class LM_API LmDialog {
 public:
+    /// An entry for a dialog that was made for that parent. The dialog is the entry's from now on.
     LmDialog(Widget dialog, Widget parent);
     LmDialog(const LmDialog&) = delete;
     LmDialog& operator=(const LmDialog&) = delete;
@@ -116,6 +117,7 @@ public:
     Widget prepost(const char* message, const char* helpString, LmSimpleWindow* parentWindow);
     /// The long form with the manager's buttons. (A null third argument needs a cast.)
     LmDialogReason postAndWait(const char* message, const char* helpString, LmSimpleWindow* parentWindow);
+    /// The long form with the manager's buttons, over a widget.
     LmDialogReason postAndWait(const char* message, const char* helpString, Widget parentWidget);
 
     /// Takes the newest posted dialog down, if any.
@@ -134,9 +136,11 @@ public:
     /// The button labels of the next posting only; null: the default.
     void setButtonLabels(const char* ok, const char* cancel, const char* apply);
 
-    /// Which buttons are shown even without a callback of their own. Initially OK and Cancel.
+    /// Whether OK is shown even without a callback of its own. Initially so.
     void setShowOK(bool show) { _showOK = show; }
+    /// Whether Cancel is shown without a callback of its own. Initially so.
     void setShowCancel(bool show) { _showCancel = show; }
+    /// Whether Apply is. Initially not.
     void setShowApply(bool show) { _showApply = show; }
     /// Whether each parent has a dialog of its own (initially true), or one dialog serves all.
     void setAllowMultipleDialogs(bool allow) { _allowMultipleDialogs = allow; }
@@ -158,11 +162,11 @@ public:
     /// The cache entry of a dialog, or null.
     LmDialog* getCacheInfo(Widget dialog) const;
 
-    /// The Xt procedures behind the buttons, with the manager as client data.
+    /// The Xt procedures behind the buttons, with the manager as client data: of OK.
     static void okXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
-    static void cancelXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
-    static void applyXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
-    static void helpXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
+    static void cancelXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;   ///< Of Cancel.
+    static void applyXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;    ///< Of Apply.
+    static void helpXtCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;     ///< Of Help.
     /// The close request's procedure, with the dialog as client data: runs the dialog's cancel callbacks.
     static void handleWMDeleteCallback(Widget shell, XtPointer clientData, XtPointer callData) noexcept;
     /// The map callback of a dialog, with the parent as client data: places the dialog.
@@ -172,16 +176,16 @@ protected:
     /// Records the answer given in a dialog, for action() and for whoever waits for that dialog.
     void recordAnswer(Widget dialog, LmDialogReason reason);
 
-    LmDialogReason _action = REASON_NONE;
-    bool _showOK = true;
-    bool _showCancel = true;
-    bool _showApply = false;
-    bool _allowMultipleDialogs = true;
-    bool _reusePostedDialog = false;
-    bool _keepPosted = false;
-    Widget _parentWidget = nullptr;   // for the next posting only
-    LmWidgetList _postedDialogs;      // oldest first
-    bool _skipMainWindow = false;
+    LmDialogReason _action = REASON_NONE;   ///< the answer of the present or last posting
+    bool _showOK = true;                    ///< whether OK is shown without a callback of its own
+    bool _showCancel = true;                ///< whether Cancel is
+    bool _showApply = false;                ///< whether Apply is
+    bool _allowMultipleDialogs = true;      ///< one dialog for each parent, or one for all
+    bool _reusePostedDialog = false;        ///< whether a dialog that is up is used again
+    bool _keepPosted = false;               ///< whether OK and Cancel leave the dialog up
+    Widget _parentWidget = nullptr;         ///< for the next posting only
+    LmWidgetList _postedDialogs;            ///< oldest first
+    bool _skipMainWindow = false;           ///< whether the main window never serves as the parent
 
 private:
     struct Wait;   // a posting that runs events until it is answered

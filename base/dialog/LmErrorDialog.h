@@ -9,7 +9,7 @@
 ///   Others     as LmDialogManager
 class LM_API LmErrorDialog : public LmDialogManager {
 public:
-    explicit LmErrorDialog(const char* name);
+    explicit LmErrorDialog(const char* name);   ///< No widget is made before the first posting.
 
     Widget createDialog(Widget parent) override;
 };
@@ -20,7 +20,7 @@ public:
 ///   Others     as LmDialogManager
 class LM_API LmFatalErrorDialog : public LmErrorDialog {
 public:
-    explicit LmFatalErrorDialog(const char* name) : LmErrorDialog(name) {}
+    explicit LmFatalErrorDialog(const char* name) : LmErrorDialog(name) {}   ///< No widget is made before the first posting.
 
     /// Terminates the application with status 1.
     void ok(Widget dialog, XtPointer callData) override;

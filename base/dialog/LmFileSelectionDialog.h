@@ -11,7 +11,7 @@
 ///   Others     as LmDialogManager
 class LM_API LmFileSelectionDialog : public LmDialogManager {
 public:
-    explicit LmFileSelectionDialog(const char* name);
+    explicit LmFileSelectionDialog(const char* name);   ///< No widget is made before the first posting.
     ~LmFileSelectionDialog() override;
 
     const char* className() override { return "LmFileSelectionDialog"; }
@@ -36,7 +36,7 @@ public:
     XmFileSelectionBoxCallbackStruct* callData() const { return _callData; }
 
 protected:
-    char* _fileName = nullptr;   // owned; malloc
+    char* _fileName = nullptr;   ///< what fileName() answers; owned; malloc
 
 private:
     void keepFileName(Widget dialog, XtPointer callData);

@@ -12,7 +12,7 @@
 ///   Others     as LmDialogManager
 class LM_API LmGenericDialog : public LmDialogManager {
 public:
-    explicit LmGenericDialog(const char* name) : LmDialogManager(name) {}
+    explicit LmGenericDialog(const char* name) : LmDialogManager(name) {}   ///< No widget is made before the first posting.
 
     Widget createDialog(Widget parent) override;
 };

@@ -9,7 +9,7 @@
 ///   Others     as LmDialogManager
 class LM_API LmInfoDialog : public LmDialogManager {
 public:
-    explicit LmInfoDialog(const char* name);
+    explicit LmInfoDialog(const char* name);   ///< No widget is made before the first posting.
 
     Widget createDialog(Widget parent) override;
 };

@@ -18,7 +18,7 @@ class LM_API LmInterruptDialog : public LmBusyDialog {
 public:
     static const char* interruptedCallback;   ///< "interrupted"
 
-    explicit LmInterruptDialog(const char* name);
+    explicit LmInterruptDialog(const char* name);   ///< No widget is made before the first posting.
 
     Widget createDialog(Widget parent) override;
 

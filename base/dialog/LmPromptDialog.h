@@ -9,7 +9,7 @@
 ///   Others     as LmDialogManager
 class LM_API LmPromptDialog : public LmDialogManager {
 public:
-    explicit LmPromptDialog(const char* name) : LmDialogManager(name) {}
+    explicit LmPromptDialog(const char* name) : LmDialogManager(name) {}   ///< No widget is made before the first posting.
     ~LmPromptDialog() override;
 
     using LmDialogManager::prepost;
@@ -23,7 +23,7 @@ public:
     const char* text() const { return _text; }
 
 protected:
-    char* _text = nullptr;   // owned; malloc
+    char* _text = nullptr;   ///< what text() answers; owned; malloc
 };
 
 /// The program's prompt dialog; made at the first call, never deleted.

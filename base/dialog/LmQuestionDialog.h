@@ -9,7 +9,7 @@
 ///   Others     as LmDialogManager
 class LM_API LmQuestionDialog : public LmDialogManager {
 public:
-    explicit LmQuestionDialog(const char* name) : LmDialogManager(name) {}
+    explicit LmQuestionDialog(const char* name) : LmDialogManager(name) {}   ///< No widget is made before the first posting.
 
     Widget createDialog(Widget parent) override;
     /// Takes the dialog down and records the answer.

@@ -9,7 +9,7 @@
 ///   Others     as LmDialogManager
 class LM_API LmWarningDialog : public LmDialogManager {
 public:
-    explicit LmWarningDialog(const char* name);
+    explicit LmWarningDialog(const char* name);   ///< No widget is made before the first posting.
 
     Widget createDialog(Widget parent) override;
 };

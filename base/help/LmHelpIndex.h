@@ -29,7 +29,7 @@ struct HelpSection;
 ///   Errors     when neither map file can be opened the warning dialog says so; the outline is empty
 class LM_API LmHelpIndex : public LmGenericDialog {
 public:
-    explicit LmHelpIndex(const char* name);
+    explicit LmHelpIndex(const char* name);   ///< No widget is made before the first posting.
     ~LmHelpIndex() override;
 
     Widget createDialog(Widget parent) override;
@@ -42,10 +42,10 @@ public:
     bool isFieldHelpMissing() const { return _fieldHelpMissing; }
 
 protected:
-    LmOutline* _outline = nullptr;   // owned
-    lm::CString _mapfile;            // null: none
-    lm::CString _eclassMapfile;      // null: none
-    bool _fieldHelpMissing = false;
+    LmOutline* _outline = nullptr;    ///< the outline of the dialog; owned; null until it is made
+    lm::CString _mapfile;             ///< the path that LmHelpPane::Mapfile answered; null: none
+    lm::CString _eclassMapfile;       ///< the path that LmHelpPane::EClassMapfile answered; null: none
+    bool _fieldHelpMissing = false;   ///< what isFieldHelpMissing() answers
 
 private:
     void warnOfMapFiles() const;

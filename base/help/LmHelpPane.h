@@ -15,18 +15,18 @@ struct HelpEntry;
 
 /// The client data of a help task's entry.
 struct LmHelpTaskData {
-    LmHelpPane* pane;
-    int index;   ///< of the task in the pane
+    LmHelpPane* pane;   ///< the pane with the entry
+    int index;          ///< of the task in the pane
 };
 
 /// One help task that the application's help map lists.
 struct LmHelpTaskInfo {
-    bool visible;   ///< whether the task has an entry in this window
-    std::string name;
-    std::string label;     ///< the entry's name, and so its resource name and its label by default
-    int level;             ///< nesting depth, 0 at the top
-    std::string helpKey;   ///< what the help service is asked for
-    std::unique_ptr<LmHelpTaskData> callbackData;
+    bool visible;                                   ///< whether the task has an entry in this window
+    std::string name;                               ///< the task's name in the help map
+    std::string label;                              ///< the entry's name, and so its resource name and its label by default
+    int level;                                      ///< nesting depth, 0 at the top
+    std::string helpKey;                            ///< what the help service is asked for
+    std::unique_ptr<LmHelpTaskData> callbackData;   ///< the entry's client data; null while the task has none
 };
 
 /// Shows the help that a key names. The key is the function's to change, and lives as long as the call. `time` is the
@@ -65,6 +65,7 @@ using LmHelpMapfileFunction = char* (*)();
 ///   Errors     a help map that cannot be read, or whose path does not fit 1024 bytes, counts as none
 class LM_API LmHelpPane : public LmSubMenu {
 public:
+    /// `desc` (may be null) is a table of entries that stand before the pane's own.
     LmHelpPane(const char* name, const LmMenuDesc* desc, XtPointer defaultClientData);
     /// Builds at once under `parent`.
     LmHelpPane(Widget parent, const char* name, const LmMenuDesc* desc, XtPointer defaultClientData);
@@ -100,23 +101,26 @@ public:
 
     /// What the entries do: Xt callbacks, with the pane as client data; taskCallback takes an LmHelpTaskData.
     static void overviewCallback(Widget w, XtPointer pane, XtPointer callData) noexcept;
-    static void indexCallback(Widget w, XtPointer pane, XtPointer callData) noexcept;
-    static void tutorialCallback(Widget w, XtPointer pane, XtPointer callData) noexcept;
+    static void indexCallback(Widget w, XtPointer pane, XtPointer callData) noexcept;      ///< Shows the help index.
+    static void tutorialCallback(Widget w, XtPointer pane, XtPointer callData) noexcept;   ///< Asks for the tutorial.
     /// Nothing.
     static void keysCallback(Widget w, XtPointer pane, XtPointer callData) noexcept;
+    /// Posts the about dialog, else the version text, else the program's name.
     static void versionCallback(Widget w, XtPointer pane, XtPointer callData) noexcept;
     /// Lets the user pick a widget with a question mark as cursor, and runs the "helpCallback" of it or of the first
     /// widget above that has one, with an LmContextHelpCallbackStruct. Where none has, _LmSmartHelpCallback serves.
     /// Until the user has picked, nothing else runs.
     static void contextCallback(Widget w, XtPointer pane, XtPointer callData) noexcept;
+    /// Asks for a help task; client data is its LmHelpTaskData.
     static void taskCallback(Widget w, XtPointer task, XtPointer callData) noexcept;
 
 protected:
+    /// The sensitivities of setItemSensitivities().
     bool _contextEnabled = true, _overviewEnabled = true, _keysEnabled = true, _tutorialEnabled = true, _indexEnabled = true;
-    std::vector<LmHelpTaskInfo> _tasks;
-    bool _useOldMenuArrangement = false;
-    lm::CString _shellName;          // null until the pane is first built
-    std::string _helpFilePathname;   // for the application
+    std::vector<LmHelpTaskInfo> _tasks;    ///< in file order
+    bool _useOldMenuArrangement = false;   ///< the resource
+    lm::CString _shellName;                ///< null until the pane is first built
+    std::string _helpFilePathname;         ///< for the application
 
 private:
     void create();

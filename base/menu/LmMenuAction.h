@@ -26,8 +26,8 @@ public:
 
 protected:
     XtCallbackProc _undoCallback;   ///< null: cannot be undone
-    XtCallbackProc _callback;
-    XtPointer _clientData;
+    XtCallbackProc _callback;       ///< runs when the item is chosen; may be null
+    XtPointer _clientData;          ///< for both callbacks; not owned
 
 private:
     friend class LmMenuUndoManager;   // looks at stubs
@@ -53,11 +53,11 @@ public:
 
     const char* className() override { return "LmMenuActionObject"; }
     LmMenuItemType menuType() override { return MENU_ACTION_OBJECT; }
-    virtual void undoit(void* data) = 0;
-    virtual void doit(void* data) = 0;
+    virtual void undoit(void* data) = 0;   ///< Takes back what doit() did.
+    virtual void doit(void* data) = 0;     ///< Does what choosing the item is for.
 
 protected:
-    void* _objectData;
+    void* _objectData;   ///< what the two get; not owned
 
 private:
     static void doitCallback(Widget w, XtPointer object, XtPointer callData) noexcept;
@@ -69,6 +69,7 @@ private:
 ///   Widgets    none
 class LM_API LmMenuActionStub : public LmMenuAction {
 public:
+    /// Only undo() of it does something: it runs the callback.
     LmMenuActionStub(const char* name, XtCallbackProc undoCallback, XtPointer clientData);
 
     const char* className() override { return "LmMenuActionStub"; }

@@ -14,8 +14,9 @@ class LM_API LmMenuBar : public LmMenu {
 public:
     /// With `showHelpPane` the help pane is added at the end when the bar is built.
     explicit LmMenuBar(bool showHelpPane);
-    LmMenuBar(const char* name, bool showHelpPane);
-    LmMenuBar(const LmMenuDesc* desc, XtPointer defaultClientData, bool showHelpPane);
+    LmMenuBar(const char* name, bool showHelpPane);                                      ///< The same under that name.
+    LmMenuBar(const LmMenuDesc* desc, XtPointer defaultClientData, bool showHelpPane);   ///< Filled from a table.
+    /// Filled from a table, under that name.
     LmMenuBar(const char* name, const LmMenuDesc* desc, XtPointer defaultClientData, bool showHelpPane);
     ~LmMenuBar() override;
 
@@ -34,8 +35,8 @@ public:
     LmWindow* ownerWindow() const { return _ownerWindow; }
 
 protected:
-    friend class LmWindow;             // becomes the owner
-    LmHelpPane* _helpPane = nullptr;   ///< one of the items
-    LmWindow* _ownerWindow = nullptr;
-    bool _showHelpPane;   ///< whether the help pane is added when the bar is built
+    friend class LmWindow;              // becomes the owner
+    LmHelpPane* _helpPane = nullptr;    ///< one of the items
+    LmWindow* _ownerWindow = nullptr;   ///< what ownerWindow() answers
+    bool _showHelpPane;                 ///< whether the help pane is added when the bar is built
 };

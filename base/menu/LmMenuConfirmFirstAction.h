@@ -11,6 +11,7 @@
 ///   Errors     an item deleted while its question is up runs nothing
 class LM_API LmMenuConfirmFirstAction : public LmMenuAction {
 public:
+    /// `callback` runs when the user agreed; it may be null.
     LmMenuConfirmFirstAction(const char* name, XtCallbackProc callback, XtPointer clientData);
 
     const char* className() override { return "LmMenuConfirmFirstAction"; }

@@ -55,7 +55,7 @@ public:
     virtual const char* getLabel() { return _label.get(); }
     /// Whether the item is a menu.
     virtual bool isContainer() { return false; }
-    virtual LmMenuItemType menuType() = 0;
+    virtual LmMenuItemType menuType() = 0;   ///< What kind of item this is.
     /// Makes the widget under a pane, once.
     virtual void build(Widget parent);
 
@@ -63,8 +63,8 @@ public:
     void show(Widget parent);
     /// The place among its siblings that the widget is to take when built; -1: the last.
     void setPosition(int position) { _position = position; }
-    void activate();
-    void deactivate();
+    void activate();     ///< Makes the item sensitive, also when it is built later.
+    void deactivate();   ///< Makes the item insensitive, also when it is built later.
     /// Destroys the widget and takes the item out of its menu; the item itself is now the caller's. Returns the index
     /// that it had there, -1 when the menu did not hold it, 0 when it had no menu.
     int remove();
@@ -74,8 +74,8 @@ public:
     const char* name() const { return _isNamed ? LmComponent::name() : nullptr; }
     /// The menu that holds the item, or null.
     LmMenu* parentMenu() const { return _parentMenu; }
-    bool isBuilt() const { return _isBuilt; }
-    bool isHidden() const { return _isHidden; }
+    bool isBuilt() const { return _isBuilt; }     ///< Whether the item has its widget.
+    bool isHidden() const { return _isHidden; }   ///< Whether hide() keeps the item out of sight.
 
     /// Manages every widget that was built but not yet managed.
     static void manageAll();
@@ -96,15 +96,15 @@ protected:
     /// The widget of any item as it is: completes nothing.
     static Widget widgetOf(const LmMenuItem* item) { return item->_baseWidget; }
 
-    static constexpr int batchSize = 25;
+    static constexpr int batchSize = 25;          ///< how many widgets are managed together
     static Widget _unmanagedWidgets[batchSize];   ///< built, not yet managed
     static int _numUnmanagedWidgets;              ///< how many of them
     static LmComponentList* _workProcList;        ///< the submenus that wait for idle time; null when none does
 
-    int _position = -1;
-    int _sensitive = -1;   ///< -1 never set, else 0 or 1
-    bool _isBuilt = false;
-    bool _isHidden = false;
+    int _position = -1;           ///< where among its siblings the widget goes; -1: the last
+    int _sensitive = -1;          ///< -1 never set, else 0 or 1
+    bool _isBuilt = false;        ///< what isBuilt() answers
+    bool _isHidden = false;       ///< what isHidden() answers
     bool _outlivesMenu = false;   ///< whether a dying menu lets go of the item instead of deleting it
 
 private:
@@ -115,8 +115,8 @@ private:
     int _undoEntries = 0;   // how many entries of undo stacks are this item; here, where it costs no memory
 
 protected:
-    LmMenu* _parentMenu = nullptr;
-    lm::CString _label;
+    LmMenu* _parentMenu = nullptr;   ///< the menu that holds the item; null for none
+    lm::CString _label;              ///< the text of setLabel(); null if there was none
 
 private:
     void queueForManaging();

@@ -8,7 +8,7 @@
 ///   Widgets    XmLabelGadget of the item's name
 class LM_API LmMenuLabel : public LmMenuItem {
 public:
-    explicit LmMenuLabel(const char* name) : LmMenuItem(name) {}
+    explicit LmMenuLabel(const char* name) : LmMenuItem(name) {}   ///< The name is the widget's, and the label's default.
 
     const char* className() override { return "LmMenuLabel"; }
     LmMenuItemType menuType() override { return MENU_LABEL; }

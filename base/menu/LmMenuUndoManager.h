@@ -19,7 +19,7 @@ class LmComponentList;
 ///   Errors     none
 class LM_API LmMenuUndoManager : public LmMenuAction {
 public:
-    explicit LmMenuUndoManager(const char* name);
+    explicit LmMenuUndoManager(const char* name);   ///< An empty stack; the name is the entry's.
     /// Deletes the stubs on the stack.
     ~LmMenuUndoManager() override;
 
@@ -45,7 +45,7 @@ public:
 protected:
     LmComponentList* _undoStack;   ///< oldest first; owned, and so are the stubs in it
     lm::XmText _baseLabel;         ///< the label without an action; null until built
-    bool _multiLevel = true;
+    bool _multiLevel = true;       ///< whether several undos in a row walk back through the stack
     bool _undoPerformed = false;   ///< the next add() empties the stack first
 
 private:
@@ -71,8 +71,8 @@ public:
     explicit LmAction(const char* name);
     LmAction(const LmAction&) = delete;
     LmAction& operator=(const LmAction&) = delete;
-    virtual void undoit() = 0;
-    virtual void doit() = 0;
+    virtual void undoit() = 0;   ///< Takes back what doit() did.
+    virtual void doit() = 0;     ///< Does what the action is for.
     /// Leaves the undo stack.
     virtual ~LmAction();
 

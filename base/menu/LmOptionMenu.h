@@ -10,10 +10,12 @@
 ///   Errors     a selection that is not in the menu is ignored
 class LM_API LmOptionMenu : public LmMenu {
 public:
+    /// Filled from a table (null: empty), under the default name, and built later.
     LmOptionMenu(const LmMenuDesc* desc, XtPointer defaultClientData);
-    LmOptionMenu(const char* name, const LmMenuDesc* desc, XtPointer defaultClientData);
+    LmOptionMenu(const char* name, const LmMenuDesc* desc, XtPointer defaultClientData);   ///< The same under that name.
     /// These build at once under `parent`.
     LmOptionMenu(Widget parent, const LmMenuDesc* desc, XtPointer defaultClientData);
+    /// The same under that name.
     LmOptionMenu(Widget parent, const char* name, const LmMenuDesc* desc, XtPointer defaultClientData);
     ~LmOptionMenu() override;
 
@@ -27,8 +29,8 @@ public:
 
     /// Chooses an entry without running its callback; before the menu is built, the one to choose then.
     void set(LmMenuItem* item);
-    void set(const char* name);
-    void set(int index);
+    void set(const char* name);   ///< The same for the first entry of that name.
+    void set(int index);          ///< The same for the entry at that index of this menu.
     /// The chosen entry, in this menu or its submenus. Before the menu is built the one that was set, else the first.
     LmMenuItem* getItem();
     /// The chosen entry's index in this menu; 0 when it is not in it.
@@ -37,7 +39,7 @@ public:
     void forceWidth(int width);
 
 protected:
-    Widget _pulldown = nullptr;
+    Widget _pulldown = nullptr;                ///< the pane with the entries; null until it is built
     LmMenuItem* _pendingSelection = nullptr;   ///< to choose once built; may be stale, so ask findParent() first
 
 private:

@@ -11,10 +11,12 @@
 ///   Errors     none
 class LM_API LmPopupMenu : public LmMenu {
 public:
+    /// Filled from a table (null: empty), under the default name.
     LmPopupMenu(const LmMenuDesc* desc, XtPointer defaultClientData);
-    LmPopupMenu(const char* name, const LmMenuDesc* desc, XtPointer defaultClientData);
+    LmPopupMenu(const char* name, const LmMenuDesc* desc, XtPointer defaultClientData);   ///< The same under that name.
     /// These attach to a widget at once.
     LmPopupMenu(Widget attachTo, const LmMenuDesc* desc, XtPointer defaultClientData);
+    /// The same under that name.
     LmPopupMenu(Widget attachTo, const char* name, const LmMenuDesc* desc, XtPointer defaultClientData);
     /// Detaches from every widget.
     ~LmPopupMenu() override;
@@ -30,13 +32,13 @@ public:
     Widget menuParent() override { return _baseWidget; }
     /// Has the menu pop up over `w`, too. A widget, not a gadget.
     virtual void attach(Widget w);
-    virtual void detach(Widget w);
+    virtual void detach(Widget w);   ///< Undoes attach().
     /// Pops the menu up where a button was pressed.
     virtual void show(XEvent* buttonEvent);
-    virtual bool isPoppedUp();
+    virtual bool isPoppedUp();   ///< Whether the menu is up now.
 
 protected:
-    LmWidgetList _attachedWidgets;
+    LmWidgetList _attachedWidgets;   ///< where the menu pops up
 
 private:
     void buttonPressed(XEvent* event);

@@ -69,6 +69,7 @@ private:
 ///   Widgets    as LmSubMenu, the pane with "radioBehavior" true
 class LM_API LmRadioSubMenu : public LmSubMenu {
 public:
+    /// `desc` may be null: an empty submenu.
     LmRadioSubMenu(const char* name, const LmMenuDesc* desc, XtPointer defaultClientData);
     /// Builds at once under `parent`, pane and all.
     LmRadioSubMenu(Widget parent, const char* name, const LmMenuDesc* desc, XtPointer defaultClientData);

@@ -17,7 +17,7 @@ class LM_API LmCheckBox : public LmComponent {
 public:
     static const char* const itemChangedCallback;   ///< "valueChangedCallback"
 
-    LmCheckBox(const char* name, Widget parent);
+    LmCheckBox(const char* name, Widget parent);   ///< A box without toggles.
     ~LmCheckBox() override;
 
     const char* className() override { return "LmCheckBox"; }
@@ -35,11 +35,11 @@ public:
     /// 1 or 0; 0 for an index without a toggle.
     int getValue(int index);
 
-    int size() const { return _toggles ? _toggles->size() : 0; }
+    int size() const { return _toggles ? _toggles->size() : 0; }   ///< The number of toggles.
 
 protected:
-    Widget _rc = nullptr;   // the toggles' parent
-    Widget _label = nullptr;
+    Widget _rc = nullptr;      ///< the toggles' parent; null once destroyed
+    Widget _label = nullptr;   ///< the frame's title; null once destroyed
 
 private:
     void changed(Widget toggle, XtPointer callData);
@@ -52,7 +52,7 @@ private:
 /// A check box of which at most one toggle is set.
 class LM_API LmRadioBox : public LmCheckBox {
 public:
-    LmRadioBox(const char* name, Widget parent);
+    LmRadioBox(const char* name, Widget parent);   ///< A box without toggles.
 
     const char* className() override { return "LmRadioBox"; }
 };

@@ -15,7 +15,7 @@
 ///   Errors     none
 class LM_API LmGang : public LmComponent {
 public:
-    LmGang(const char* name, Widget parent);
+    LmGang(const char* name, Widget parent);   ///< Two scales that are not coupled.
 
     const char* className() override { return "LmGang"; }
     /// The toggle `w` changed; the call data is its XmToggleButtonCallbackStruct. Couples the scales, or not.
@@ -24,7 +24,7 @@ public:
 
     /// Null once they are destroyed.
     Widget leftScale() const { return _leftScale; }
-    Widget rightScale() const { return _rightScale; }
+    Widget rightScale() const { return _rightScale; }   ///< Null once it is destroyed.
     /// Whether the scales are coupled.
     bool isGanged() const { return _group != nullptr; }
 

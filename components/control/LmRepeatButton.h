@@ -29,6 +29,7 @@ class LM_API LmRepeatButton : public LmComponent {
 public:
     static const char* const buttonCallback;   ///< "buttonCallback"
 
+    /// The delays are read from the resources here, once.
     LmRepeatButton(const char* name, Widget parent, LmRepeatButtonType type);
     ~LmRepeatButton() override;
 
@@ -37,7 +38,7 @@ public:
 
     /// Milliseconds.
     int initialDelay() const { return _initialDelay; }
-    int repeatDelay() const { return _repeatDelay; }
+    int repeatDelay() const { return _repeatDelay; }   ///< Milliseconds between two repetitions.
 
 private:
     void makeButton(Widget parent);

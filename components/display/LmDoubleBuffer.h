@@ -8,11 +8,11 @@
 /// repaired from the front pixmap, without painting.
 ///
 ///   Widgets    XmDrawingArea of the component's name (base widget)
-///   Errors     pixmaps that the server has no room for, or of more than 2^26 pixels, leave the area empty. Without a widget
-///   every operation does nothing
+///   Errors     pixmaps that the server has no room for, or of more than 2^26 pixels, leave the area empty. Without a
+///              widget every operation does nothing
 class LM_API LmDoubleBuffer : public LmComponent {
 public:
-    LmDoubleBuffer(const char* name, Widget parent);
+    LmDoubleBuffer(const char* name, Widget parent);   ///< The widget is not managed before show().
 
     const char* className() override { return "LmDoubleBuffer"; }
     void widgetDestroyed() override;
@@ -32,14 +32,15 @@ protected:
     void redisplay();
     /// Makes pixmaps of the widget's size.
     void hiddenResize();
-    /// The Xt procedures of exposeCallback and resizeCallback, with the object as client data.
+    /// The Xt procedures of exposeCallback and resizeCallback, with the object as client data: of exposeCallback.
     static void redisplayCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
+    /// Of resizeCallback.
     static void resizeCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
 
     Pixmap _drawable = None;   ///< the back pixmap; None while there is none
     Dimension _width = 1;      ///< of the area and the pixmaps, pixels, at least 1
-    Dimension _height = 1;
-    GC _gc = nullptr;   ///< foreground and background are the background colour
+    Dimension _height = 1;     ///< of the area and the pixmaps, pixels, at least 1
+    GC _gc = nullptr;          ///< foreground and background are the background colour
 
 private:
     lm::PixmapHandle newPixmap();

@@ -21,7 +21,7 @@ struct MeterArea;
 ///   Errors     none; a total or thickness below 1 becomes 100 and 1, items added before reset() are not drawn
 class LM_API LmMeter : public LmDoubleBuffer {
 public:
-    LmMeter(const char* name, Widget parent);
+    LmMeter(const char* name, Widget parent);   ///< An empty meter.
     ~LmMeter() override;
 
     const char* className() override { return "LmMeter"; }
@@ -31,17 +31,19 @@ public:
     void update() override;
     void resize() override;
     void draw() override;
-    /// The size that the meter wants, in pixels; the base meter is content with what it has.
+    /// The width that the meter wants, in pixels; the base meter is content with what it has.
     virtual int neededWidth() { return graphWidth(); }
-    virtual int neededHeight() { return graphHeight(); }
-    /// The drawing area's size, in pixels.
+    virtual int neededHeight() { return graphHeight(); }   ///< The height that the meter wants, in pixels.
+    /// The drawing area's height, in pixels.
     virtual int graphHeight() { return _baseWidget ? _height : 0; }
-    virtual int graphWidth() { return _baseWidget ? _width : 0; }
+    virtual int graphWidth() { return _baseWidget ? _width : 0; }   ///< The drawing area's width, in pixels.
     /// The units that fill the meter across; the base meter counts in pixels.
     virtual int maxTop() { return graphWidth(); }
     /// The colour that drawRectangle() and fillRectangle() paint in.
     virtual void setForeground(Pixel pixel);
+    /// Outlines a rectangle of the picture, in pixels.
     virtual void drawRectangle(int x, int y, unsigned width, unsigned height);
+    /// Fills a rectangle of the picture, in pixels.
     virtual void fillRectangle(int x, int y, unsigned width, unsigned height);
 
     /// Removes all items and sets the value that fills the meter and the pixels that one unit across stands for.
@@ -53,35 +55,37 @@ public:
     void add(int start, int size, int crossPos, int crossExtent, const char* colorName, const char* label);
     /// The same, behind the last item and from the edge.
     void add(int size, int crossExtent, Pixel pixel, const char* label);
-    void add(int size, int crossExtent, const char* colorName, const char* label);
+    void add(int size, int crossExtent, const char* colorName, const char* label);   ///< The same with a colour's name.
     /// The same, one unit broad.
     void add(int size, Pixel pixel, const char* label);
-    void add(int size, const char* colorName, const char* label);
+    void add(int size, const char* colorName, const char* label);   ///< The same with a colour's name.
     /// A title, for derived meters that show one; null: none. Copied.
     void setTitle(const char* title);
 
 protected:
     /// One item: along the meter in hundredths of its length, across it in units of maxTop().
     struct LmMeterItem {
+        /// Where the item starts, and how long it is.
         int start, size;
-        int top, bottom;   // the far edge across, and the near one
-        lm::CString label;
-        Pixel pixel;
+        /// The far edge across, and the near one.
+        int top, bottom;
+        lm::CString label;   ///< null for none
+        Pixel pixel;         ///< the item's colour
     };
 
-    unsigned char _resizePolicy = XmRESIZE_NONE;   // resource
-    std::vector<LmMeterItem> _items;
-    lm::CString _title;
-    int _total = 0;
-    int _thickness = 1;
-    GC _drawGC = nullptr;   ///< private: setForeground() changes it
-    lm::SharedGC _sharedGC;
-    XmFontList _fontList = nullptr;   // resource
-    Boolean _drawBorder = False;      // resource
-    Pixel _borderColor = 0;
-    int _scaleMax = 100;                       ///< units that fill the meter along
-    int _nextStart = 0;                        ///< where the next item starts, in units of the total
-    unsigned char _orientation = XmVERTICAL;   // resource
+    unsigned char _resizePolicy = XmRESIZE_NONE;   ///< the resource
+    std::vector<LmMeterItem> _items;               ///< in the order of drawing
+    lm::CString _title;                            ///< what setTitle() gave; null for none
+    int _total = 0;                                ///< the value that fills the meter
+    int _thickness = 1;                            ///< pixels that one unit across stands for
+    GC _drawGC = nullptr;                          ///< private: setForeground() changes it
+    lm::SharedGC _sharedGC;                        ///< what bars and outlines are drawn with; shared
+    XmFontList _fontList = nullptr;                ///< the resource
+    Boolean _drawBorder = False;                   ///< the resource
+    Pixel _borderColor = 0;                        ///< the widget's
+    int _scaleMax = 100;                           ///< units that fill the meter along
+    int _nextStart = 0;                            ///< where the next item starts, in units of the total
+    unsigned char _orientation = XmVERTICAL;       ///< the resource
 
 private:
     void createContexts();

@@ -26,7 +26,7 @@ public:
     /// Computes the state and calls setModified().
     void updateModified();
 
-    Boolean isModified() const { return _modified; }
+    Boolean isModified() const { return _modified; }   ///< The state that setModified() stored.
     /// True while the current value is shown, False while the previous one is.
     Boolean isShowingCurrent() const { return _showingCurrent; }
     /// The current value, which the object keeps; null when there is none.
@@ -35,12 +35,12 @@ public:
     const char* previousValue() const { return _previousValue.get(); }
 
 protected:
-    Boolean _modified = False;
-    Boolean _showingCurrent = True;
-    Dimension _width = 10;    ///< of the indicator, in pixels
-    Dimension _height = 10;   ///< of the indicator, in pixels
-    lm::CString _value;
-    lm::CString _previousValue;
-    Boolean _blankIsValue;
-    Boolean _previousFixed = False;
+    Boolean _modified = False;        ///< what isModified() answers
+    Boolean _showingCurrent = True;   ///< what isShowingCurrent() answers
+    Dimension _width = 10;            ///< of the indicator, in pixels
+    Dimension _height = 10;           ///< of the indicator, in pixels
+    lm::CString _value;               ///< what currentValue() answers
+    lm::CString _previousValue;       ///< what previousValue() answers
+    Boolean _blankIsValue;            ///< as constructed
+    Boolean _previousFixed = False;   ///< whether fixPreviousValue() fixed the reference
 };

@@ -13,9 +13,9 @@ enum LmModifiedReason : int {
 
 /// Call data of "modifiedCallback".
 struct LmModifiedCallbackStruct {
-    LmModifiedReason reason;
-    LmModifiedAttachment* attachment;
-    XEvent* event;   ///< what caused it, from the widget's callback; may be null
+    LmModifiedReason reason;            ///< why the callback runs
+    LmModifiedAttachment* attachment;   ///< who calls
+    XEvent* event;                      ///< what caused it, from the widget's callback; may be null
 };
 
 /// Watches the value of one widget (XmText, XmTextField, or a label or button, whose value is its "labelString") and shows in
@@ -58,7 +58,7 @@ public:
     void detach();
     /// Lets the indicator be seen while the value is modified.
     void show();
-    void hide();
+    void hide();   ///< Keeps the indicator from sight.
 
     /// Writes the value that is shown into the widget.
     void displayValue();
@@ -82,21 +82,25 @@ public:
     void drawCornerShadows(Pixel a, Pixel b, Boolean etched);
     /// Has the indicator drawn anew.
     void forceExpose();
-    void setCursor();
-    void buildWindow(Widget w);
-    void reparentWindow(Widget w);
-    void adjustWindow();
-    void setupCallbacks(Widget w);
-    void removeCallbacks(Widget w);
+    void setCursor();                 ///< Gives the indicator the cursor for what a press on it does.
+    void buildWindow(Widget w);       ///< Makes the indicator for a realized widget, in place of the one before.
+    void reparentWindow(Widget w);    ///< Places the indicator; first makes it where the widget's parent has none.
+    void adjustWindow();              ///< Gives the indicator its place, size and colours.
+    void setupCallbacks(Widget w);    ///< Watches a widget's value and its end.
+    void removeCallbacks(Widget w);   ///< Undoes setupCallbacks().
     /// Calls "modifiedCallback". The attachment may be gone afterwards.
     void callCallback(LmModifiedReason r, XEvent* e);
 
     /// The widget's and the indicator's callbacks, with the attachment as client data.
     static void value_stub(Widget w, XtPointer clientData, XtPointer callData) noexcept;
+    /// Return in the attached text.
     static void activate_stub(Widget w, XtPointer clientData, XtPointer callData) noexcept;
+    /// The widget is being destroyed.
     static void destroy_stub(Widget w, XtPointer clientData, XtPointer callData) noexcept;
-    static void expose_stub(Widget w, XtPointer clientData, XtPointer callData) noexcept;
+    static void expose_stub(Widget w, XtPointer clientData, XtPointer callData) noexcept;   ///< The indicator was exposed.
+    /// A button was pressed on the indicator.
     static void input_stub(Widget w, XtPointer clientData, XtPointer callData) noexcept;
+    /// The widget was moved, resized or mapped.
     static void reconfig_stub(Widget w, XtPointer clientData, XEvent* event, Boolean* goOn) noexcept;
 
 private:

@@ -30,18 +30,18 @@ public:
 
     /// The list; null once it is gone.
     Widget widget() const { return _widget; }
-    void forgetWidget() { _widget = nullptr; }
+    void forgetWidget() { _widget = nullptr; }   ///< The list is gone: widget() is null from now on.
     /// Pixels per level of the tree, 30 at first. Takes effect with the next display.
     int indentation() const { return _indentation; }
-    void setIndentation(int pixels) { _indentation = pixels; }
+    void setIndentation(int pixels) { _indentation = pixels; }   ///< Sets what indentation() answers.
     /// The icon of open nodes, and of closed ones with set 0.
     Pixmap openPixmap() const { return _openPixmap.get(); }
-    Pixmap closedPixmap() const { return closedPixmap(0); }
+    Pixmap closedPixmap() const { return closedPixmap(0); }   ///< The icon of closed nodes with set 0.
 
-    Pixel foreground(int i) const;
-    Pixel background(int i) const;
-    XmFontList font(int i) const;
-    Pixmap closedPixmap(int i) const;
+    Pixel foreground(int i) const;      ///< The colour of labels with set i.
+    Pixel background(int i) const;      ///< The colour behind labels with set i.
+    XmFontList font(int i) const;       ///< The font of labels with set i.
+    Pixmap closedPixmap(int i) const;   ///< The icon of closed nodes with set i.
     /// For annotation marks in the set's mark colour. Set 0 has none: null.
     GC gc(int i) const;
     /// Font and colours together, as the list wants them.

@@ -24,7 +24,7 @@ class LM_API LmOlNode {
 public:
     /// Key and label are both `name`.
     explicit LmOlNode(char* name);
-    LmOlNode(char* name, void* hook);
+    LmOlNode(char* name, void* hook);   ///< The same, with the application's data.
     /// Label, key and the application's data, which is not owned. Null texts count as empty.
     LmOlNode(char* name, char* key, void* hook);
     LmOlNode(const LmOlNode&) = delete;
@@ -32,30 +32,30 @@ public:
     /// Destroys the children, too.
     ~LmOlNode();
 
-    void* operator new(std::size_t size);
-    void operator delete(void* node, std::size_t size);
+    void* operator new(std::size_t size);                 ///< Takes a place from the pool.
+    void operator delete(void* node, std::size_t size);   ///< Gives the place back to the pool.
 
     /// The key and the label, the node's own.
     char* key() const;
-    XmString name() const { return _name; }
+    XmString name() const { return _name; }   ///< The label, the node's own.
     /// The parent; null for a root. setParent only sets it: the children of neither node change.
     LmOlNode* getParent() const { return _parent; }
-    void setParent(LmOlNode* parent);
+    void setParent(LmOlNode* parent);   ///< Only sets what getParent() answers.
     /// The child, counted from 0. No range check.
     LmOlNode* child(int i) const;
-    int nchild() const;
+    int nchild() const;   ///< The number of children.
     /// The row, or 0 while the node is not shown.
     int whereDisplayed() const;
     /// The application's data.
     void* getHook() const;
-    void setHook(void* hook);
+    void setHook(void* hook);   ///< Sets what getHook() answers.
     /// 1 when the children are shown with the node. These change nothing in the list.
     int isOpen() const { return _open; }
-    void Open() { _open = true; }
-    void Close() { _open = false; }
+    void Open() { _open = true; }     ///< Has the children count as shown with the node.
+    void Close() { _open = false; }   ///< Has them count as not shown.
     /// The attribute set that the row is drawn with, 0 is the plain one. Setting it changes nothing in the list.
     int attrIndex() const { return _attrIndex; }
-    void setAttrIndex(int i) { _attrIndex = static_cast<std::int16_t>(i); }
+    void setAttrIndex(int i) { _attrIndex = static_cast<std::int16_t>(i); }   ///< Sets what attrIndex() answers.
 
     /// Appends the child, which the node owns from now on. Null is ignored.
     void addChild(LmOlNode* child);
@@ -67,11 +67,11 @@ public:
     int maxChildAttrIndex() const;
     /// Notes, or forgets, that some descendant is highlighted with set i (0 to 31). Return whether it was noted before.
     int setMaxChildAttrIndex(int i);
-    int unsetMaxChildAttrIndex(int i);
+    int unsetMaxChildAttrIndex(int i);   ///< Forgets that; returns whether it was noted.
 
     /// The counter of rows that the numbering and display operations use.
     static void setItemCount(int count) { _itemCount = count; }
-    static int getItemCount() { return _itemCount; }
+    static int getItemCount() { return _itemCount; }   ///< What setItemCount() set, and the operations made of it.
     /// To be called before correctPositions.
     static void initCorrection() { _correctionOn = 0; }
 
@@ -79,11 +79,11 @@ public:
     /// at the row, in the parts that are open. Null when there is none. `level` is this node's; the level of the node found is
     /// kept for getNodeAt and getNodeOf, which start at level 0 and tell it (0 when nothing was found).
     LmOlNode* search(XmString name, int level);
-    LmOlNode* search(char* key, int level);
-    LmOlNode* search(int position, int level);
-    LmOlNode* getNodeAt(int position, int* level);
-    LmOlNode* getNodeOf(char* key, int* level);
-    LmOlNode* getNodeOf(XmString name, int* level);
+    LmOlNode* search(char* key, int level);           ///< The first node with the key.
+    LmOlNode* search(int position, int level);        ///< The node at the row.
+    LmOlNode* getNodeAt(int position, int* level);    ///< The node at the row, and its level.
+    LmOlNode* getNodeOf(char* key, int* level);       ///< The first node with the key, and its level.
+    LmOlNode* getNodeOf(XmString name, int* level);   ///< The first node with the label, and its level.
     /// Follows the keys (a null ends them) downwards, at each step to the first child with the key. Null when there is none;
     /// this node for an empty list.
     LmOlNode* pathToNode(char** keys);
@@ -91,7 +91,7 @@ public:
     /// How many descendants stand below open nodes only; all of them are now marked as not shown. walkToCount adds to
     /// the counter, countVisibleItems starts it at 0.
     int countVisibleItems();
-    void walkToCount();
+    void walkToCount();   ///< countVisibleItems(), added to the counter.
     /// Numbers the shown nodes behind `start` and its subtree, in display order, from the counter + 1 on.
     void correctPositions(LmOlNode* start);
 

@@ -51,7 +51,7 @@ public:
     /// Prints the tree on standard output.
     void printTree();
 
-    Widget listWidget() const { return _list; }
+    Widget listWidget() const { return _list; }   ///< The row list; null once destroyed.
     /// Whether the last toggle opened a node (1) or not (0); its row, and how many rows came or went. All are 0 when it
     /// changed nothing.
     int effectOfLastToggle(int& position, int& count) const;
@@ -65,11 +65,11 @@ public:
     int setHighlightAttributes(Pixel foreground, Pixel background, Pixel markColor, XmFontList font);
     /// The same, as the style of keywords.
     int setKeywordAttributes(Pixel foreground, Pixel background, XmFontList font);
-    void displayAsKeyword(char** path);
+    void displayAsKeyword(char** path);   ///< Highlights the node at the path in the keyword style.
     /// Highlights the nodes with the keys (null ends them), or the one at the row; takes a highlight away from all nodes.
     void highlight(char** keys, int attr);
-    void highlight(int position, int attr);
-    void unhighlight(int attr);
+    void highlight(int position, int attr);   ///< Highlights the node at the row.
+    void unhighlight(int attr);               ///< Takes the highlight away from all nodes.
     /// Selects the row, without notification.
     void select(int position);
 
@@ -81,6 +81,7 @@ public:
     /// Calls the function with every node in the keyword style, parents before children, in closed parts, too.
     /// While there is no keyword style, these are the nodes without any. The function may not change the tree.
     void walkAllKeywords(void* clientData, void (*fn)(void*, LmOlNode*));
+    /// walkAllKeywords() for the subtree of a node.
     void visitEveryKeyword(LmOlNode* start, void* clientData, void (*fn)(void*, LmOlNode*));
 
     /// Whether the long form of addChildren() expands tabs; off at first.
@@ -95,8 +96,8 @@ public:
     void widgetDestroyed() override;
 
 protected:
-    LmOlNode* root() const { return _root.get(); }
-    const LmOlDisplayParams* params() const { return _params.get(); }
+    LmOlNode* root() const { return _root.get(); }                      ///< The invisible root of the tree.
+    const LmOlDisplayParams* params() const { return _params.get(); }   ///< How the rows are drawn.
 
 private:
     void makeRoot();
@@ -131,17 +132,17 @@ private:
 ///   Widgets    as LmOutline; the marks are in the list's vertical scroll bar
 class LM_API LmOutlineASB : public LmOutline {
 public:
-    LmOutlineASB(const char* name, Widget parent);
+    LmOutlineASB(const char* name, Widget parent);   ///< No style is marked at first.
 
     void toggleChildren(int position) override;
     /// Has rows of the style marked. Numbers other than 0 to 4 are ignored.
     void setAnnotation(int attr, Boolean on);
 
-    void displayAll();
+    void displayAll();   ///< As LmOutline, with the marks.
     /// Also scrolls the first marked row to the middle.
     void highlight(char** keys, int attr);
-    void highlight(int position, int attr);
-    void unhighlight(int attr);
+    void highlight(int position, int attr);   ///< As LmOutline, with the marks.
+    void unhighlight(int attr);               ///< As LmOutline, with the marks.
 
     /// The Xt procedure behind "troughPixmapCallback"; client data is the outline.
     static void ASBpixmapCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;

@@ -8,9 +8,8 @@
 ///
 ///   Widgets    as LmWindow; "overview" (XmDrawingArea, the view); the menu pane "overview_main_menu" with the toggles
 ///              "skewOverviewScale" and "showOverviewArcs", a separator and the action "close"
-///   Resources  of the graph: "skewOverviewScale" and "showOverviewArcs", Boolean. The toggles set them; the first one starts as
-///   the
-///              graph has it, the second one on
+///   Resources  of the graph: "skewOverviewScale" and "showOverviewArcs", Boolean. The toggles set them; the first one
+///              starts as the graph has it, the second one on
 ///   Errors     none; for a null graph, or one without the resources, the toggles do nothing
 class LM_API LmOverview : public LmWindow {
 public:
@@ -28,8 +27,9 @@ public:
 
     /// The menu's callbacks, with the window as client data; those of the toggles with XmToggleButtonCallbackStruct.
     static void skewOverviewScaleCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
+    /// Has the overview show the graph's arcs, or not.
     static void showOverviewArcsCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
-    static void closeOverviewCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
+    static void closeOverviewCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;   ///< Hides the window.
 
 protected:
     static String _resources[];   ///< The labels and mnemonics of the menu.

@@ -10,12 +10,12 @@
 ///   Others     as LmMeter; an item of size 0 is not drawn
 class LM_API LmPie : public LmMeter {
 public:
-    LmPie(const char* name, Widget parent);
+    LmPie(const char* name, Widget parent);   ///< An empty pie.
 
     const char* className() override { return "LmPie"; }
     void draw() override;
     int neededWidth() override;
-    int neededHeight() override;
+    int neededHeight() override;   ///< The height for radius and labels, pixels.
     /// Computes what neededWidth() and neededHeight() answer.
     virtual void computeBounds();
 
@@ -34,7 +34,7 @@ public:
     void drawPieEdges(XPoint* side, GC gc, int flags);
     /// The point of the ellipse x, y, w, h at an angle.
     void computePixelPosition(int x, int y, int w, int h, int degrees, int* px, int* py);
-    double degreesToRadians(int degrees);
+    double degreesToRadians(int degrees);   ///< For the angles of slices.
 
 private:
     struct Side;

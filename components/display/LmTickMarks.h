@@ -19,12 +19,15 @@
 ///   Errors     none; an empty range draws no marks
 class LM_API LmTickMarks : public LmComponent {
 public:
+    /// `ticksOnRight`: the marks are at the right edge, else at the left; `noLabels`: no numbers; `centerLabels`: the numbers are
+    /// centred.
     LmTickMarks(const char* name, Widget parent, Boolean ticksOnRight, Boolean noLabels, Boolean centerLabels);
     ~LmTickMarks() override;
 
     const char* className() override { return "LmTickMarks"; }
     void widgetDestroyed() override;
 
+    /// Replaces the four resources; shows the new scale.
     void setScale(int minimum, int maximum, int majorInterval, int minorInterval);
     /// Pixels above the maximum and below the minimum.
     void setMargin(int top, int bottom);
@@ -32,7 +35,7 @@ public:
     void addLabel(int value);
     /// Makes the widget wide enough for its numbers and marks.
     void adjustWidth();
-    void draw();
+    void draw();   ///< Draws the scale, when there is a window.
 
 private:
     void loadResources();

@@ -24,7 +24,7 @@ struct VuLevel;
 ///   Errors     none; a level set before there is a window shows at the first expose
 class LM_API LmVuMeter : public LmComponent {
 public:
-    LmVuMeter(const char* name, Widget parent);
+    LmVuMeter(const char* name, Widget parent);   ///< Nothing is lit.
     ~LmVuMeter() override;
 
     const char* className() override { return "LmVuMeter"; }
@@ -37,8 +37,8 @@ public:
     /// Paints everything.
     void expose();
 
-    int value() const { return _value; }
-    int peak() const { return _peak; }
+    int value() const { return _value; }   ///< The level set last; 111 before.
+    int peak() const { return _peak; }     ///< The peak set last; 111 before.
 
 private:
     void loadResources();

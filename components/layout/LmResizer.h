@@ -56,21 +56,24 @@ protected:
     void rebuild(Widget w);
     /// Gives the grips the cursors of what they can do.
     void defineCursors();
-    void buttonPress(Widget grip, XEvent* event);
-    void buttonRelease(Widget w, XEvent* event);
-    void pointerMotion(XEvent* event);
-    /// One step: the pointer's place in the parent.
+    void buttonPress(Widget grip, XEvent* event);   ///< Begins a drag, if the button is for one.
+    void buttonRelease(Widget w, XEvent* event);    ///< Ends the drag of that button.
+    void pointerMotion(XEvent* event);              ///< One step of the drag.
+    /// One step of resizing: the pointer's place in the parent.
     void resizeFrame(int x, int y);
-    void moveFrame(int x, int y);
+    void moveFrame(int x, int y);   ///< One step of moving.
     /// Gives the widget the frame's geometry.
     void matchFrame();
-    void setupCallbacks(Widget w);
-    void removeCallbacks(Widget w);
+    void setupCallbacks(Widget w);    ///< Watches a widget and its parent for changes of geometry.
+    void removeCallbacks(Widget w);   ///< Undoes setupCallbacks().
 
     /// The Xt event handlers, with the resizer as client data.
     static void reconfig_stub(Widget w, XtPointer clientData, XEvent* event, Boolean* goOn) noexcept;
+    /// A button went down on a grip.
     static void button_press(Widget w, XtPointer clientData, XEvent* event, Boolean* goOn) noexcept;
+    /// A button went up.
     static void button_release(Widget w, XtPointer clientData, XEvent* event, Boolean* goOn) noexcept;
+    /// The pointer moved.
     static void pointer_motion(Widget w, XtPointer clientData, XEvent* event, Boolean* goOn) noexcept;
 
 private:

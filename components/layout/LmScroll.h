@@ -22,7 +22,7 @@ class LM_API LmScroll : public LmComponent {
 public:
     static const char* const scrollCallback;   ///< "scrollCallback"
 
-    LmScroll(const char* name, Widget parent);
+    LmScroll(const char* name, Widget parent);   ///< Without a child.
     ~LmScroll() override;
 
     const char* className() override { return "LmScroll"; }
@@ -45,17 +45,20 @@ protected:
     void scrollChanged(int position);
     /// Fits the scroll bar to the frame and the child.
     void resizeClip();
-    void exposeClip();
-    void reannotateScrollBar();
+    void exposeClip();            ///< The clip window is seen for the first time: announces reason 1 and fits the scroll bar.
+    void reannotateScrollBar();   ///< Has the scroll bar paint its trough now.
     /// The scroll bar asks for its trough; the arguments are a to d and pixmap of the call data.
     void troughPixmap(int width, int height, int unused, int rows, Pixmap pixmap);
-    void callCallback(int reason);
+    void callCallback(int reason);   ///< Announces a reason without further data.
 
     /// The Xt procedures, with the component as client data.
     static void expose_clip(Widget w, XtPointer clientData, XEvent* event, Boolean* goOn) noexcept;
+    /// The clip window changed its size.
     static void resize_clip(Widget w, XtPointer clientData, XEvent* event, Boolean* goOn) noexcept;
+    /// The child was moved or resized.
     static void resize_child(Widget w, XtPointer clientData, XEvent* event, Boolean* goOn) noexcept;
-    static void scroll_changed(Widget w, XtPointer clientData, XtPointer callData) noexcept;
+    static void scroll_changed(Widget w, XtPointer clientData, XtPointer callData) noexcept;   ///< The scroll bar was moved.
+    /// The scroll bar asks for its trough.
     static void trough_pixmap(Widget w, XtPointer clientData, XtPointer callData) noexcept;
 
 private:

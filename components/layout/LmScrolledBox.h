@@ -18,12 +18,12 @@
 ///              (XmDrawingArea) with Bboard (XmDrawingArea), horizArrows and vertArrows (XmGrid) with XmArrowButtons:
 ///              arrowRight, arrowLeft, and arrowUp, which points down and scrolls on, arrowDown, which scrolls back.
 ///              The forms have the action UnSelectAll on <Btn1Down>
-///   Resources  spacing           XmCSpacing        Int          4           between children and around them, pixels
+///   Resources  spacing           Spacing           Int          4           between children and around them, pixels
 ///              initialPlacement  InitialPlacement  Orientation  HORIZONTAL  VERTICAL: tall at first
 ///   Errors     none; widgets that are being destroyed take no part
 class LM_API LmScrolledBox : public LmComponent {
 public:
-    LmScrolledBox(const char* name, Widget parent);
+    LmScrolledBox(const char* name, Widget parent);   ///< A box without children.
     ~LmScrolledBox() override;
 
     const char* className() override { return "LmScrolledBox"; }
@@ -39,13 +39,13 @@ public:
     void makeViewable(int childWidth, int childHeight);
     /// Scrolls by a cell, in steps: -1 on, 1 back. It does not stop at the ends.
     void scrollArea(int direction);
-    void hideChildren();
-    void showChildren();
+    void hideChildren();   ///< Unmanages the board.
+    void showChildren();   ///< Manages the board.
     /// Of board and viewport.
     void setBackground(Pixel background);
     /// Whether a child smaller than its cell lies in its middle; counts from the next layout on.
     void setCenterChildren(char centre) { _centerChildren = centre != 0; }
-    char centerChildren() const { return _centerChildren; }
+    char centerChildren() const { return _centerChildren; }   ///< What setCenterChildren() set.
     /// 0 wide, 1 tall, 2 not decided yet.
     int getCurrentPlacement() const { return _placement; }
     /// The viewport has another size, or children have changed: lays them out.
@@ -53,7 +53,7 @@ public:
 
     /// The parent of the children.
     Widget board() const { return _board; }
-    Widget viewport() const { return _viewport; }
+    Widget viewport() const { return _viewport; }   ///< The window in which the board moves.
 
 protected:
     /// Lays the children out, with a placement (0, 1) if none is decided yet.
@@ -72,9 +72,11 @@ protected:
 
     /// The Xt procedures, with the box as client data (the action: as the widget's user data).
     static void resizeCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
-    static void upArrowCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
-    static void downArrowCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
+    static void upArrowCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;     ///< Scrolls on by a cell.
+    static void downArrowCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;   ///< Scrolls back by a cell.
+    /// The action UnSelectAll: does nothing.
     static void unSelectCallback(Widget w, XEvent* event, String* parameters, Cardinal* count) noexcept;
+    /// A child is being destroyed: it leaves the box.
     static void widgetDestroyedCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
 
 private:

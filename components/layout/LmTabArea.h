@@ -64,31 +64,31 @@ public:
     void addTabs(const char* const* labels, void** clientData, int n, char sorted);
     /// Removes a tab. In place of the selected one, that before it is selected.
     char removeTab(int index);
-    char removeTab(const char* label);
+    char removeTab(const char* label);   ///< The same for the first tab of that label.
     /// Selects a tab, shows it and announces it, with the event (may be null). Without tabs any index selects none.
     char selectTab(int index, XEvent* event);
-    char selectTab(const char* label, XEvent* event);
+    char selectTab(const char* label, XEvent* event);   ///< The same for the first tab of that label.
     /// A tab's label, which stays the area's, and client data; both null for a bad index. The outputs may be null.
     char getTab(int index, char** label, void** clientData);
     /// A tab's pixmap; 0 for none.
     char tabPixmap(int index, Pixmap* out);
-    char tabPixmap(const char* label, Pixmap* out);
+    char tabPixmap(const char* label, Pixmap* out);   ///< The same for the first tab of that label.
     /// Gives a tab a pixmap, of the screen's depth or of depth 1, which stays the caller's; 0 takes it away.
     char setTabPixmap(int index, Pixmap pixmap);
-    char setTabPixmap(const char* label, Pixmap pixmap);
-    char setTabLabel(int index, const char* label);
-    char setTabClientData(int index, void* clientData);
+    char setTabPixmap(const char* label, Pixmap pixmap);   ///< The same for the first tab of that label.
+    char setTabLabel(int index, const char* label);        ///< Replaces a tab's label; copied.
+    char setTabClientData(int index, void* clientData);    ///< Replaces a tab's client data, which stays the caller's.
 
-    char horiz() const { return _horizontal; }
-    int size() const { return static_cast<int>(_tabs.size()); }
+    char horiz() const { return _horizontal; }                    ///< Whether the strip is horizontal.
+    int size() const { return static_cast<int>(_tabs.size()); }   ///< The number of tabs.
     /// The index of the selected tab; -1 for none.
     int selectedTab() const { return _selected; }
-    Pixel selectedTabBg() const { return _selectedTabBackground; }
-    Pixel tabBg() const { return _tabBackground; }
-    Pixel labelFg() const { return _labelForeground; }
+    Pixel selectedTabBg() const { return _selectedTabBackground; }   ///< The background of the selected tab.
+    Pixel tabBg() const { return _tabBackground; }                   ///< The background of the other tabs.
+    Pixel labelFg() const { return _labelForeground; }               ///< What labels are drawn in.
     /// What lines and labels are drawn with; shared: not to be changed.
     GC gc() const { return _lineGC.get(); }
-    int lineThickness() const { return _lineThickness; }
+    int lineThickness() const { return _lineThickness; }   ///< The resource, pixels.
     /// The height of the label band, pixels.
     int tabHeight() const { return _tabHeight; }
 
@@ -97,7 +97,7 @@ protected:
     void resize() override;
     /// Redraws when the program is idle.
     void scheduleUpdate();
-    void drawTab(int index, char selected);
+    void drawTab(int index, char selected);   ///< Draws one tab, with label and pixmap.
     /// A button was pressed.
     void input(XEvent* event);
     /// The first tab of that label, looked up; -1 for none.
@@ -108,28 +108,28 @@ protected:
     char matchTab(int index, int x, int y);
     /// A tab's width along the strip without its slanted sides; with margins, and without (and uniformity).
     int tabWidth(int index);
-    int computeWidth(int index);
+    int computeWidth(int index);   ///< tabWidth() without margins and uniformity.
     /// Where a tab starts along the strip, pixels.
     int tabOffset(int index);
     /// Chooses the tabs that show.
     void computeTabLayout();
     /// The last tab of a run that starts with this one.
     int computeEndTab(int start);
-    void drawLeftEnd();
-    void drawRightEnd();
+    void drawLeftEnd();    ///< Draws the stack of edges that stands for tabs hidden before the run.
+    void drawRightEnd();   ///< Draws the one for tabs hidden behind the run.
     /// Pops up the menu of all tabs, the nearest hidden one at the right (left) end under the pointer.
     void postMenu(XButtonEvent* event, char right);
     /// Selects the tab of a menu item.
     void menuSelect(Widget item);
-    void createTabMenu();
-    void tabsChanged();
-    void invalidateMenu();
+    void createTabMenu();    ///< Makes the menu of all tabs, unless it is there.
+    void tabsChanged();      ///< Throws menu and layout away; both are made anew when they are needed.
+    void invalidateMenu();   ///< Throws the menu away.
     /// Three points that round the corner at x, y, which opens in the directions dx and dy, 1 or -1.
     void curveCorner(int x, int y, int dx, int dy, XPoint* out);
     /// The Xt procedures of inputCallback, the menu's items and the pending redraw, with the object as client data.
     static void input_stub(Widget w, XtPointer clientData, XtPointer callData) noexcept;
-    static void menu_stub(Widget w, XtPointer clientData, XtPointer callData) noexcept;
-    static Boolean update_stub(XtPointer clientData) noexcept;
+    static void menu_stub(Widget w, XtPointer clientData, XtPointer callData) noexcept;   ///< An item of the menu was chosen.
+    static Boolean update_stub(XtPointer clientData) noexcept;                            ///< The program is idle: redraws.
 
 private:
     struct Tab {

@@ -24,48 +24,61 @@ public:
     const char* className() override { return "LmTabPanel"; }
 
     // --- as LmTabArea ---
+    /// As LmTabArea::addTab().
     int addTab(const char* label, void* clientData, char sorted) { return _tabArea->addTab(label, clientData, sorted); }
+    /// As LmTabArea::addTabs().
     void addTabs(const char* const* labels, void** clientData, int n, char sorted)
     {
         _tabArea->addTabs(labels, clientData, n, sorted);
     }
-    char removeTab(int index) { return _tabArea->removeTab(index); }
-    char removeTab(const char* label) { return _tabArea->removeTab(label); }
-    char selectTab(int index, XEvent* event) { return _tabArea->selectTab(index, event); }
+    char removeTab(int index) { return _tabArea->removeTab(index); }                         ///< As LmTabArea::removeTab().
+    char removeTab(const char* label) { return _tabArea->removeTab(label); }                 ///< As LmTabArea::removeTab().
+    char selectTab(int index, XEvent* event) { return _tabArea->selectTab(index, event); }   ///< As LmTabArea::selectTab().
+    /// As LmTabArea::selectTab().
     char selectTab(const char* label, XEvent* event) { return _tabArea->selectTab(label, event); }
+    /// As LmTabArea::getTab().
     char getTab(int index, char** label, void** clientData) { return _tabArea->getTab(index, label, clientData); }
-    char tabPixmap(int index, Pixmap* out) { return _tabArea->tabPixmap(index, out); }
+    char tabPixmap(int index, Pixmap* out) { return _tabArea->tabPixmap(index, out); }   ///< As LmTabArea::tabPixmap().
+    /// As LmTabArea::tabPixmap().
     char tabPixmap(const char* label, Pixmap* out) { return _tabArea->tabPixmap(label, out); }
+    /// As LmTabArea::setTabPixmap().
     char setTabPixmap(int index, Pixmap pixmap) { return _tabArea->setTabPixmap(index, pixmap); }
+    /// As LmTabArea::setTabPixmap().
     char setTabPixmap(const char* label, Pixmap pixmap) { return _tabArea->setTabPixmap(label, pixmap); }
+    /// As LmTabArea::setTabLabel().
     char setTabLabel(int index, const char* label) { return _tabArea->setTabLabel(index, label); }
+    /// As LmTabArea::setTabClientData().
     char setTabClientData(int index, void* clientData) { return _tabArea->setTabClientData(index, clientData); }
 
-    char horiz() const { return _tabArea->horiz(); }
-    int size() const { return _tabArea->size(); }
+    char horiz() const { return _tabArea->horiz(); }   ///< Whether the strip is horizontal.
+    int size() const { return _tabArea->size(); }      ///< The number of tabs.
     /// The panel's own background.
     Pixel tabBg() const { return _background; }
-    Pixel selectedTabBg() const { return _tabArea->selectedTabBg(); }
-    Pixel labelFg() const { return _tabArea->labelFg(); }
+    Pixel selectedTabBg() const { return _tabArea->selectedTabBg(); }   ///< The background of the selected tab.
+    Pixel labelFg() const { return _tabArea->labelFg(); }               ///< What labels are drawn in.
     /// The background of tabs that are not selected.
     Pixel labelBg() const { return _tabArea->tabBg(); }
-    GC gc() const { return _tabArea->gc(); }
-    int lineThickness() const { return _tabArea->lineThickness(); }
-    int tabHeight() const { return _tabArea->tabHeight(); }
-    int selectedTab() const { return _tabArea->selectedTab(); }
+    GC gc() const { return _tabArea->gc(); }                          ///< As LmTabArea::gc(): shared, not to be changed.
+    int lineThickness() const { return _tabArea->lineThickness(); }   ///< The strip's resource, pixels.
+    int tabHeight() const { return _tabArea->tabHeight(); }           ///< The height of the label band, pixels.
+    int selectedTab() const { return _tabArea->selectedTab(); }       ///< The index of the selected tab; -1 for none.
 
     /// The forms at the left (upper) and the right (lower) end.
     Widget area1() const { return _area1; }
-    Widget area2() const { return _area2; }
+    Widget area2() const { return _area2; }   ///< The form at the right (lower) end.
 
 protected:
+    /// Announces tabSelectCallback with what the strip announced.
     void tabSelect(LmCallbackObject* area, void* clientData, void* callData);
+    /// Announces tabPopupCallback with what the strip announced.
     void tabPopup(LmCallbackObject* area, void* clientData, void* callData);
 
+    /// The forms around the strip.
     Widget _area1 = nullptr, _area2 = nullptr, _outer1 = nullptr, _outer2 = nullptr, _marg1 = nullptr, _marg2 = nullptr;
-    std::unique_ptr<LmTabArea> _tabArea;
-    int _margin = 5, _margin1 = 5, _margin2 = 5;   // resources
-    Pixel _background = 0;
+    std::unique_ptr<LmTabArea> _tabArea;   ///< the strip
+    /// The resources.
+    int _margin = 5, _margin1 = 5, _margin2 = 5;
+    Pixel _background = 0;   ///< of the form
 
 private:
     void makeParts();

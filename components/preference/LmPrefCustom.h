@@ -10,7 +10,7 @@
 ///   Others     as LmPrefItem
 class LM_API LmPrefCustom : public LmPrefItem {
 public:
-    explicit LmPrefCustom(const char* name) : LmPrefItem(name) {}
+    explicit LmPrefCustom(const char* name) : LmPrefItem(name) {}   ///< The name is the start of the widgets' names.
 
     const char* className() override { return "LmPrefCustom"; }
     LmPrefItemType type() override { return PI_custom; }

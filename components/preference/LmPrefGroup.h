@@ -40,12 +40,12 @@ public:
     void deleteChildren() override;
     /// The height the rows need, in pixels; 0 for an empty group.
     virtual Dimension baseHeight();
-    virtual void buildVertical(Widget parent);
-    virtual void buildHorizontal(Widget parent);
+    virtual void buildVertical(Widget parent);     ///< Makes the two columns in `parent`, and the items in them.
+    virtual void buildHorizontal(Widget parent);   ///< Makes the items side by side in `parent`.
 
     /// Appends an item (not owned), which takes over the group's activation.
     void addItem(LmPrefItem* item);
-    int size() const { return static_cast<int>(_items.size()); }
+    int size() const { return static_cast<int>(_items.size()); }   ///< The number of items.
     /// The item at an index; null outside 0..size()-1.
     LmPrefItem* item(int i) const;
 
@@ -59,8 +59,8 @@ protected:
 
     Widget _leftStuff = nullptr;    ///< the label column of a vertical group
     Widget _rightStuff = nullptr;   ///< the widget column of a vertical group
-    char _horizontal;
-    char _noLabel;
+    char _horizontal;               ///< as constructed
+    char _noLabel;                  ///< as constructed
 
 private:
     void itemDeleted(LmCallbackObject* item, void* clientData, void* callData);

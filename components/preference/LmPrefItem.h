@@ -30,11 +30,11 @@ enum LmPrefItemType : int {
 ///   Errors     none reported
 class LM_API LmPrefItem : public LmComponent {
 public:
-    explicit LmPrefItem(const char* name);
+    explicit LmPrefItem(const char* name);   ///< The name is the start of the widgets' names.
     ~LmPrefItem() override;
 
     const char* className() override { return "LmPrefItem"; }
-    virtual LmPrefItemType type() { return PI_none; }
+    virtual LmPrefItemType type() { return PI_none; }   ///< What kind of item this is.
     /// Whether the value on screen differs from the committed one.
     virtual char changed() { return true; }
     /// Whether the item holds others.
@@ -58,7 +58,9 @@ public:
     Dimension labelHeight() const { return getHeight(_labelWidget); }
     /// The height of the base widget, in pixels; 0 without one.
     Dimension baseHeight() const { return getHeight(_baseWidget); }
+    /// Sets the height of the label, in pixels; nothing without one.
     void setLabelHeight(Dimension height) { setHeight(_labelWidget, height); }
+    /// Sets the height of the base widget, in pixels; nothing without one.
     void setBaseHeight(Dimension height) { setHeight(_baseWidget, height); }
     /// Containers tell their items whether all of them are of one type.
     void setHomogeneous(char homogeneous) { _homogeneous = homogeneous; }
@@ -68,14 +70,14 @@ protected:
     void buildLabel(Widget parent);
     /// Has the item forget its widgets when they are destroyed. Every build() ends with it.
     void installDestroyHandlers();
-    static Dimension getHeight(Widget w);
-    static void setHeight(Widget w, Dimension height);
+    static Dimension getHeight(Widget w);                ///< A widget's height, in pixels; 0 for null.
+    static void setHeight(Widget w, Dimension height);   ///< Sets a widget's height, in pixels; nothing for null.
     /// The Xt destroy procedure of the label, with the item as client data.
     static void labelDestroyedCallback(Widget w, XtPointer clientData, XtPointer callData) noexcept;
 
-    Widget _labelWidget = nullptr;
-    std::string _baseName;    ///< "<name>Base"
-    std::string _labelName;   ///< "<name>Label"
-    char _activated = true;
-    char _homogeneous = true;
+    Widget _labelWidget = nullptr;   ///< what labelWidget() answers
+    std::string _baseName;           ///< "<name>Base"
+    std::string _labelName;          ///< "<name>Label"
+    char _activated = true;          ///< what setActivated() set
+    char _homogeneous = true;        ///< what setHomogeneous() set
 };

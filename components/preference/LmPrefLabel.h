@@ -9,7 +9,7 @@
 ///   Others     as LmPrefItem
 class LM_API LmPrefLabel : public LmPrefItem {
 public:
-    explicit LmPrefLabel(const char* name) : LmPrefItem(name) {}
+    explicit LmPrefLabel(const char* name) : LmPrefItem(name) {}   ///< The name is the start of the widget's name.
 
     const char* className() override { return "LmPrefLabel"; }
     LmPrefItemType type() override { return PI_label; }

@@ -9,7 +9,7 @@
 ///   Others     as LmPrefGroup
 class LM_API LmPrefList : public LmPrefGroup {
 public:
-    explicit LmPrefList(const char* name) : LmPrefGroup(name, false, true) {}
+    explicit LmPrefList(const char* name) : LmPrefGroup(name, false, true) {}   ///< A list without items.
 
     const char* className() override { return "LmPrefList"; }
     LmPrefItemType type() override { return PI_list; }

@@ -9,6 +9,7 @@
 ///   Others     as LmPrefGroup
 class LM_API LmPrefRadio : public LmPrefGroup {
 public:
+    /// A box without items; `noLabel`: without a label of its own.
     LmPrefRadio(const char* name, char horizontal, char noLabel) : LmPrefGroup(name, horizontal, noLabel) {}
 
     const char* className() override { return "LmPrefRadio"; }

@@ -9,7 +9,7 @@
 ///   Others     as LmPrefItem
 class LM_API LmPrefSeparator : public LmPrefItem {
 public:
-    explicit LmPrefSeparator(const char* name) : LmPrefItem(name) {}
+    explicit LmPrefSeparator(const char* name) : LmPrefItem(name) {}   ///< The name is the start of the widget's name.
 
     const char* className() override { return "LmPrefSeparator"; }
     LmPrefItemType type() override { return PI_separator; }

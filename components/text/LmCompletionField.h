@@ -22,7 +22,7 @@ class LM_API LmCompletionField : public LmComponent {
 public:
     static const char* const enterCallback;   ///< "enterCallback"
 
-    LmCompletionField(const char* name, Widget parent);
+    LmCompletionField(const char* name, Widget parent);   ///< A field without names.
     ~LmCompletionField() override;
 
     const char* className() override { return "LmCompletionField"; }

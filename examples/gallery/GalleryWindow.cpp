@@ -4,6 +4,7 @@
 #include "ConsolePage.h"
 #include "ControlPage.h"
 #include "DialogPage.h"
+#include "FileSetPage.h"
 #include "Geometry.h"
 #include "GraphPage.h"
 #include "GridPage.h"
@@ -118,7 +119,7 @@ void GalleryWindow::addPages()
 
     addGroup("applicationGroup", std::move(application));
     addGroup("displayGroup", make<OutlinePage, GraphPage, ChartPage>(deck));
-    addGroup("textGroup", make<SearchPage, ConsolePage>(deck));
+    addGroup("textGroup", make<SearchPage, FileSetPage, ConsolePage>(deck));
     addGroup("layoutGroup", make<TabPage, GridPage, ResizerPage, ScrollPage>(deck));
     addGroup("controlGroup", make<ControlPage, ModifiedPage>(deck));
 }
