@@ -2,6 +2,7 @@
 
 #include <Lm/LmApp.h>
 #include <Lm/LmContextHelp.h>
+#include <Lm/LmFileSet.h>
 #include <Lm/LmHelpPane.h>
 #include <Lm/LmMenuBar.h>
 #include <Lm/LmMenuUndoManager.h>
@@ -50,6 +51,7 @@ DiskWindow::DiskWindow()
 {
     // clang-format off
     LmMenuDesc fileTable[] = {
+        {MENU_ACTION, "chooseFiles", chooseFiles},
         {MENU_ACTION, "scanAgain", scanAgain},
         {MENU_ACTION, "stopScan", stopScan},
         {MENU_SEPARATOR},
@@ -293,6 +295,28 @@ void DiskWindow::preferencesChosen(LmCallbackObject*, void*, void* reason)
     if (!_isReading)
         showTree();
     showCharts();
+}
+
+void DiskWindow::chooseFiles(Widget, XtPointer window, XtPointer) noexcept
+{
+    auto* self = static_cast<DiskWindow*>(window);
+    if (!self->_files) {
+        self->_files = std::make_unique<LmFileSet>(self->mainWindowWidget(), "files");
+        self->_files->setRecursive(True);   // whole paths, and no names alone
+        self->_files->addCallback(LmFileSet::dismissCallback, self, &DiskWindow::filesChosen, nullptr);
+    }
+    self->_files->show();
+}
+
+void DiskWindow::filesChosen(LmCallbackObject*, void*, void* isOk)
+{
+    const LmNameList* names = lm::asInt(isOk) == 1 ? _files->fileset() : nullptr;
+    if (!names)
+        return;
+    std::vector<std::string> paths;
+    for (int i = 0; i < names->size(); ++i)
+        paths.push_back(resolved(names->at(i)));
+    scan(std::move(paths));
 }
 
 void DiskWindow::scanAgain(Widget, XtPointer window, XtPointer) noexcept

@@ -52,9 +52,11 @@ private:
     void rowsShown(LmCallbackObject*, void*, void*);
     void rowChosen(LmCallbackObject*, void*, void*);
     void preferencesChosen(LmCallbackObject*, void*, void* reason);
+    void filesChosen(LmCallbackObject*, void*, void* isOk);
     void commandEnded(LmCallbackObject*, void*, void* status);
 
     // what the menu bar's entries do, with the window as client data
+    static void chooseFiles(Widget, XtPointer window, XtPointer) noexcept;
     static void scanAgain(Widget, XtPointer window, XtPointer) noexcept;
     static void stopScan(Widget, XtPointer window, XtPointer) noexcept;
     static void showPreferences(Widget, XtPointer window, XtPointer) noexcept;
@@ -76,5 +78,6 @@ private:
     std::unique_ptr<SharePie> _pie;
     std::unique_ptr<RoomMeter> _meter;
     std::unique_ptr<LmForkIO> _console;
+    std::unique_ptr<LmFileSet> _files;   // null until it is asked for
     Widget _roomLabel = nullptr, _command = nullptr, _status = nullptr, _stop = nullptr;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstdlib>
 #include <string_view>
 
 #include <fcntl.h>
@@ -18,6 +19,12 @@ std::vector<std::string> withoutNested(std::vector<std::string> paths)
         if (kept.empty() || !asFolder(path).starts_with(asFolder(kept.back())))
             kept.push_back(std::move(path));
     return kept;
+}
+
+std::string resolved(const std::string& path)
+{
+    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), &std::free);
+    return real ? real.get() : path;
 }
 
 Scanner::Scanner(Tree& tree, const std::vector<std::string>& paths) : _tree(tree)

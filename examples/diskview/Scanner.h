@@ -38,3 +38,6 @@ private:
 
 /// The paths without those that lie below another, each once.
 std::vector<std::string> withoutNested(std::vector<std::string> paths);
+
+/// The absolute path without symbolic links; the path itself when there is no such file.
+std::string resolved(const std::string& path);

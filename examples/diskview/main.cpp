@@ -15,12 +15,6 @@
 /// What a start without a directory hands over to the window that is there.
 static const char* const noDirectory = "-";
 
-static std::string resolved(const char* path)
-{
-    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path, nullptr), &std::free);
-    return real ? real.get() : path;
-}
-
 /// Another start: its directory, if it had one, is shown here.
 static void scanHandedOver(LmCallbackObject* once, void* window, void*)
 {
