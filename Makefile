@@ -12,7 +12,7 @@ build = @cmake --build build/$(1) --parallel $(JOBS)
 gcc = $(if $(CI),dev,check-gcc)
 tests = ctest --preset $(1) -j $(JOBS) --no-tests=error
 
-.PHONY: help demo test check format tidy sanitize fuzz bench docs install deb uninstall clean
+.PHONY: help demo test check format tidy sanitize fuzz bench peers docs install deb uninstall clean
 help: ## lists the targets
 	@sed -n 's/^\([a-z]*\):.*## /make \1	/p' Makefile
 
@@ -66,6 +66,11 @@ bench: ## the measurements of bench/
 	@$(MAKE) -s --no-print-directory build/bench/configured
 	@cmake --build build/bench --parallel $(JOBS) --target bench
 
+peers: ## the same jobs with FLTK, GTK 3 and Lumora, as a table
+	$(packages) build test peers
+	@$(MAKE) -s --no-print-directory build/peers/configured
+	@cmake --build build/peers --parallel $(JOBS) --target peers
+
 docs: ## the reference of every public name: HTML and manual pages in build/docs
 	$(packages) docs
 	@scripts/build-docs
@@ -94,6 +99,7 @@ build/check-gcc/configured: OPTIONS = --preset dev -DLUMORA_WERROR=ON -DCMAKE_CX
 build/dev/configured: OPTIONS = --preset dev $(if $(CI),-DLUMORA_WERROR=ON)
 build/check-clang/configured: OPTIONS = --preset dev -DCMAKE_BUILD_TYPE=Debug -DLUMORA_WERROR=ON -DCMAKE_CXX_COMPILER=clang++ $(LIBRARY_ONLY)
 build/bench/configured: OPTIONS = --preset release -DLUMORA_BENCH=ON
+build/peers/configured: OPTIONS = --preset release -DLUMORA_PEERS=ON -DLUMORA_EXAMPLES=OFF
 build/%/configured: OPTIONS = --preset $*
 build/%/configured: CMakePresets.json
 	@cmake $(OPTIONS) -B build/$* $(if $(wildcard build/$*/CMakeCache.txt),,-G "$(GENERATOR)")

@@ -1,5 +1,6 @@
 #include "Help.h"
 
+#include <Lm/LmApp.h>
 #include <Lm/LmHelpPane.h>
 #include <Lm/support/resources.h>
 
@@ -20,6 +21,9 @@ static std::string trimmed(const std::string& text)
     const auto start = text.find_first_not_of(" \n");
     return start == text.npos ? "" : text.substr(start, text.find_last_not_of(" \n") + 1 - start);
 }
+
+/// A file of the program's help, which bears the name of its class.
+static std::string helpFile(const char* kind) { return dataFolder() + "/help/" + theApplication->applicationClass() + kind; }
 
 // --- texts -------------------------------------------------------------------------------------------------------------
 
@@ -62,7 +66,7 @@ const HelpTexts::Topic* HelpTexts::find(const std::string& key) const
 
 // --- the dialog --------------------------------------------------------------------------------------------------------
 
-HelpDialog::HelpDialog() : TextDialog("galleryHelp", "helpText", true), _texts(dataFolder() + "/help/Gallery.texts") {}
+HelpDialog::HelpDialog() : TextDialog("programHelp", "helpText", true), _texts(helpFile(".texts")) {}
 
 void HelpDialog::showHelp(const std::string& key)
 {
@@ -79,10 +83,10 @@ static void showHelp(char* key, unsigned long, Widget)
     dialog->showHelp(key);
 }
 
-static char* galleryIndex()
+static char* programIndex()
 {
     static std::string path;
-    path = dataFolder() + "/help/Gallery.index";
+    path = helpFile(".index");
     return path.data();
 }
 
@@ -96,5 +100,5 @@ static char* generalIndex()
 void installHelp()
 {
     setenv("DEFHELPPATH", (dataFolder() + "/help/").c_str(), 0);
-    LmHelpPane::setHelpFunctions(showHelp, galleryIndex, generalIndex);
+    LmHelpPane::setHelpFunctions(showHelp, programIndex, generalIndex);
 }

@@ -1,4 +1,4 @@
-// Help.h: the gallery's help: texts from a file, shown in a dialog when Lumora's help system asks for them.
+// Help.h: the help of an example: texts from a file, shown in a dialog when Lumora's help system asks for them.
 #pragma once
 
 #include "TextDialog.h"
@@ -40,5 +40,6 @@ private:
     HelpTexts _texts;
 };
 
-/// Has Lumora ask the gallery for help. Before the first window is made.
+/// Has Lumora ask for help here: of a program of the class X, the files X.texts, X.index and X.helpmap. Before the first window
+/// is made.
 void installHelp();

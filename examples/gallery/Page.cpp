@@ -1,6 +1,6 @@
 #include "Page.h"
 
-#include "TextDialog.h"
+#include "PageCode.h"
 
 #include <Lm/support/handles.h>
 #include <Lm/support/resources.h>

@@ -4,10 +4,6 @@
 
 #include <Xm/Text.h>
 
-#include <map>
-
-extern const std::map<std::string, const char*> pageSources;   // made by the build from the files themselves
-
 TextDialog::TextDialog(const char* name, const char* textName, bool wrapped)
     : LmGenericDialog(name),
       _textName(textName),
@@ -36,12 +32,4 @@ void TextDialog::showText(const std::string& title, const std::string& text)
     setButtonLabels(nullptr, "Close", nullptr);
     if (post(nullptr))
         XmTextSetString(_text, lm::xtText(text.c_str()));
-}
-
-void showCodeOf(const char* pageClass)
-{
-    static auto* dialog = new TextDialog("galleryCode", "codeText", false);   // kept as long as the program
-    const auto source = pageSources.find(pageClass);
-    if (source != pageSources.end())
-        dialog->showText("examples/gallery/" + source->first + ".cpp", source->second);
 }

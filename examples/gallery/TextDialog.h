@@ -18,6 +18,3 @@ private:
     bool _isWrapped;
     Widget _text = nullptr;
 };
-
-/// Shows the source file of a page.
-void showCodeOf(const char* pageClass);
