@@ -400,7 +400,8 @@ struct SearchOnScreen : FileSetOnScreen {
     static void endWhenItRuns(XtPointer me, XtIntervalId*)
     {
         auto* self = static_cast<SearchOnScreen*>(me);
-        if (self->isSearching() && getTheInterruptDialog()->lastPosted())
+        Widget dialog = getTheInterruptDialog()->lastPosted();
+        if (dialog && isViewable(dialog) && self->isSearching())
             std::exchange(self->ending, nullptr)(*self);
         else
             XtAppAddTimeOut(app().appContext(), 20, endWhenItRuns, me);
