@@ -404,7 +404,14 @@ struct SearchOnScreen : FileSetOnScreen {
         else
             XtAppAddTimeOut(app().appContext(), 20, endWhenItRuns, me);
     }
-    static void cancel(SearchOnScreen&) { click(childNamed(getTheInterruptDialog()->lastPosted(), "Cancel")); }
+    static void cancel(SearchOnScreen& test)
+    {
+        Widget button = childNamed(getTheInterruptDialog()->lastPosted(), "Cancel");
+        if (isViewable(button))
+            return click(button);
+        test.ending = cancel;   // it is posted, but not on the screen yet
+        XtAppAddTimeOut(app().appContext(), 20, endWhenItRuns, &test);
+    }
 
     void (*ending)(SearchOnScreen&) = nullptr;
 };
