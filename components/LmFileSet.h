@@ -64,12 +64,15 @@ public:
     const char* browsedDirectory() const { return _browsedDir.c_str(); }
     /// Makes a directory the process's current one, and shows it. Does nothing when that fails.
     void setWorkingDirectory(const char* dir);
+    /// The working directory, absolute; the string is the component's own.
     const char* workingDirectory() const { return _workingDir.c_str(); }
     /// Whether typed text is added as it is, without patterns. Initially False; the toggle "literalButton".
     void setLiteral(Boolean literal);
+    /// What setLiteral() set, or the user since.
     Boolean literal() const { return _literal; }
     /// Whether addDirs() goes into subdirectories. Initially False; the toggle "recursiveButton".
     void setRecursive(Boolean recursive);
+    /// What setRecursive() set, or the user since.
     Boolean recursive() const { return _recursive; }
 
     /// Adds the selected files on the left to the set.
@@ -87,6 +90,7 @@ public:
     const LmNameList& chosen() const { return _fileset; }
     /// Appends to the set.
     void add(const char* name);
+    /// Appends the names of the list to the set; null: none.
     void add(const LmNameList* names);
     /// Empties the set.
     void clear();
