@@ -75,6 +75,6 @@ constexpr int keptLines = 10000, lineLength = 81;
 constexpr char writer[] =
     "yes 12345678901234567890123456789012345678901234567890123456789012345678901234567890 | head -c 20000000";
 
-inline std::string title(const char* kind, int number) { return kind + std::to_string(number); }
+inline std::string title(const char* kind, int number) { return std::string(kind).append(std::to_string(number)); }
 inline std::string groupName(int g) { return title("group ", g); }
 inline std::string nodeName(int g, int i) { return title("node ", g) + title(".", i); }
