@@ -24,12 +24,12 @@ class LmSubMenu;
 /// An entry of another kind is skipped. A null clientData stands for the default one of the whole table, which submenus
 /// inherit.
 struct LmMenuDesc {
-    LmMenuItemType menuType;       ///< what the entry is; MENU_END ends the table
-    const char* name;              ///< the item's name
-    XtCallbackProc callback;       ///< runs when the entry is chosen; may be null
-    LmMenuDesc* submenu;           ///< the table of a submenu
-    XtPointer clientData;          ///< for both callbacks; null: the table's default
-    XtCallbackProc undoCallback;   ///< takes the action back; null: cannot be undone
+    LmMenuItemType menuType;                 ///< what the entry is; MENU_END ends the table
+    const char* name = nullptr;              ///< the item's name
+    XtCallbackProc callback = nullptr;       ///< runs when the entry is chosen; may be null
+    LmMenuDesc* submenu = nullptr;           ///< the table of a submenu
+    XtPointer clientData = nullptr;          ///< for both callbacks; null: the table's default
+    XtCallbackProc undoCallback = nullptr;   ///< takes the action back; null: cannot be undone
 };
 
 /// An ordered list of items, which it owns, filled one by one or from a table. Menus are items, so menus nest.
