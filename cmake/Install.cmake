@@ -38,6 +38,7 @@ install(FILES ${app_defaults} DESTINATION ${app_defaults_folder})
 
 # The examples as programs of a system; only packages want that.
 if(LUMORA_INSTALL_EXAMPLES)
+    set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)   # they find the library where the system has it
     foreach(example gallery diskview forkwindow)
         if(EXISTS ${PROJECT_SOURCE_DIR}/examples/${example})
             install(PROGRAMS $<TARGET_FILE:${example}> DESTINATION ${CMAKE_INSTALL_BINDIR} RENAME lumora-${example})
