@@ -21,10 +21,10 @@
 /// and with '?' for control characters.
 ///
 /// The arrow "moveDirsButton" adds what /bin/find prints of the files below the directory, links followed, or, without
-/// subdirectories, what /bin/ls prints: names alone. Typed text that contains one of "*?[]~$" is a list of patterns of the browsed directory,
-/// unless input is literal: "*", "?", "[...]", "~", $NAME and ${NAME} act, blanks separate, quotes and the backslash quote;
-/// all else stands for itself. A search runs events and ends with the dialog; the busy dialog then offers Cancel, which
-/// adds nothing, unless the application chose a busy dialog of its own.
+/// subdirectories, what /bin/ls prints: names alone. Typed text that contains one of "*?[]~$" is a list of patterns of the
+/// browsed directory, unless input is literal: "*", "?", "[...]", "~", $NAME and ${NAME} act, blanks separate, quotes and the
+/// backslash quote; all else stands for itself. A search runs events and ends with the dialog; the busy dialog then offers
+/// Cancel, which adds nothing, unless the application chose a busy dialog of its own.
 ///
 ///   Widgets    a grid dialog of the component's name (XmCreateGridDialog); below its grid
 ///                "grid"
