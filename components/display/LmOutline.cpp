@@ -29,8 +29,10 @@ LmOutline::LmOutline(const char* name, Widget parent, Boolean sizePolicy) : LmCo
 
 LmOutline::~LmOutline()
 {
-    if (_list)
+    if (_list) {
         XtRemoveCallback(_list, XmNactivateCallback, activateCallback, static_cast<LmOutline*>(this));
+        setUpdate(False);   // the icons go before the list, which must not draw them any more
+    }
     const unsigned edits = lm::OutlineSteps::edits;
     _root.reset();
     lm::OutlineSteps::edits = edits;   // no edit of anybody else's tree
