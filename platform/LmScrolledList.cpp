@@ -5,7 +5,7 @@
 
 #include <cstddef>
 #include <string>
-
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -49,12 +49,25 @@ void expose(Widget w, XEvent* event, Region region) noexcept
     rows.show();
 }
 
+/// Whether the rows would be drawn the same, in the same places. (What XmList draws anew we see by itself.)
+bool looksAlike(const ScrolledListRec& a, const ScrolledListRec& b)
+{
+    const auto look = [](const ScrolledListRec& w) {
+        return std::tuple(w.core.background_pixel, w.core.sensitive, w.core.ancestor_sensitive, w.primitive.foreground,
+                          w.primitive.bottom_shadow_color, w.primitive.highlight_color, w.primitive.highlight_thickness,
+                          w.primitive.shadow_thickness, w.list.font, w.list.selectColor, w.list.spacing, w.list.margin_width,
+                          w.list.margin_height, w.list.StrDir, w.list.SelectionMode, w.scrolledList.showIcons);
+    };
+    return look(a) == look(b);
+}
+
 Boolean setValues(Widget before, Widget, Widget w, ArgList, Cardinal*) noexcept
 {
     const ScrolledListRec& old = record(before);
     const ScrolledListRec& now = record(w);
     RowList& rows = *now.scrolledList.rows;
-    rows.painter().recolour();
+    if (!looksAlike(old, now))
+        rows.painter().recolour();
     if (old.primitive.shadow_thickness != now.primitive.shadow_thickness)
         rows.painter().resize();
     if (old.list.font != now.list.font)

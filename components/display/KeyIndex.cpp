@@ -68,11 +68,4 @@ KeyIndex::Found KeyIndex::find(const char* key) const
     return {nodeIn(slot), (slot & OneOfSeveral) == 0};
 }
 
-void KeyIndex::clear()
-{
-    _slots.clear();
-    _hashes.clear();
-    _count = 0;
-}
-
 }   // namespace lm

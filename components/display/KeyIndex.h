@@ -19,8 +19,6 @@ public:
 
     void insert(LmOlNode* node);
     Found find(const char* key) const;
-    void clear();
-    std::size_t size() const { return _count; }
 
 private:
     // The lowest bit of a slot tells that there are more nodes with the key. The hashes stand beside, so that growing and

@@ -252,46 +252,29 @@ int LmOlNode::unsetMaxChildAttrIndex(int i)
 
 // --- searching -------------------------------------------------------------------------------------------------------
 
-namespace {
-
-struct Visit {
-    LmOlNode* node;
-    int level;
-};
-
-/// The first node, depth first, of which `isIt` holds.
-template <class Test> Visit firstOf(LmOlNode* start, int level, Test isIt)
+template <class Test> LmOlNode* LmOlNode::searchBy(int startLevel, Test isIt)
 {
-    std::vector<Visit> waiting{{start, level}};
-    while (!waiting.empty()) {
-        const Visit at = waiting.back();
-        waiting.pop_back();
-        if (isIt(at.node))
-            return at;
-        for (int i = at.node->nchild() - 1; i >= 0; --i)
-            waiting.push_back({at.node->child(i), at.level + 1});
-    }
-    return {nullptr, 0};
+    LmOlNode* found = nullptr;
+    lm::walkTree(this, startLevel, [&](LmOlNode* node, int level) {
+        if (!isIt(node))
+            return false;
+        found = node;
+        _foundLevel = level;
+        return true;
+    });
+    return found;
 }
-
-}   // namespace
 
 LmOlNode* LmOlNode::search(XmString name, int level)
 {
-    const Visit found = firstOf(this, level, [&](const LmOlNode* node) { return XmStringCompare(node->name(), name); });
-    if (found.node)
-        _foundLevel = found.level;
-    return found.node;
+    return searchBy(level, [&](const LmOlNode* node) { return XmStringCompare(node->name(), name); });
 }
 
 LmOlNode* LmOlNode::search(char* key, int level)
 {
     if (!key)
         return nullptr;
-    const Visit found = firstOf(this, level, [&](const LmOlNode* node) { return std::strcmp(node->key(), key) == 0; });
-    if (found.node)
-        _foundLevel = found.level;
-    return found.node;
+    return searchBy(level, [&](const LmOlNode* node) { return std::strcmp(node->key(), key) == 0; });
 }
 
 /// Rows grow from child to child, so at each level the node is the last child that is not behind the row, or below it.
@@ -365,15 +348,11 @@ LmOlNode* LmOlNode::pathToNode(char** keys)
     return node;
 }
 
-void LmOlNode::print(int level)
+void LmOlNode::print(int startLevel)
 {
-    std::vector<Visit> waiting{{this, level}};
-    while (!waiting.empty()) {
-        const Visit at = waiting.back();
-        waiting.pop_back();
-        std::printf("%s%s\n", std::string(static_cast<std::size_t>(std::max(0, at.level)) * 4, ' ').c_str(),
-                    lm::plainText(at.node->name()).c_str());
-        for (int i = at.node->nchild() - 1; i >= 0; --i)
-            waiting.push_back({at.node->child(i), at.level + 1});
-    }
+    lm::walkTree(this, startLevel, [](const LmOlNode* node, int level) {
+        const std::string indentation(static_cast<std::size_t>(std::max(0, level)) * 4, ' ');
+        std::printf("%s%s\n", indentation.c_str(), lm::plainText(node->name()).c_str());
+        return false;
+    });
 }

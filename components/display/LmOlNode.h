@@ -109,6 +109,7 @@ private:
     friend struct lm::OlBranch;
     friend class lm::TreeRows;
 
+    template <class Test> LmOlNode* searchBy(int startLevel, Test isIt);
     lm::OlBranch& ownBranch();
     int rowOfParent() const;
     void setRow(int row);

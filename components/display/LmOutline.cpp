@@ -33,9 +33,8 @@ LmOutline::~LmOutline()
         XtRemoveCallback(_list, XmNactivateCallback, activateCallback, static_cast<LmOutline*>(this));
         setUpdate(False);   // the icons go before the list, which must not draw them any more
     }
-    const unsigned edits = lm::OutlineSteps::edits;
+    const lm::OwnEdits own;
     _root.reset();
-    lm::OutlineSteps::edits = edits;   // no edit of anybody else's tree
 }
 
 void LmOutline::widgetDestroyed()
@@ -47,9 +46,8 @@ void LmOutline::widgetDestroyed()
 
 void LmOutline::makeRoot()
 {
-    const unsigned edits = lm::OutlineSteps::edits;
+    const lm::OwnEdits own;
     _root = std::make_unique<LmOlNode>(_rootKey.get());
-    lm::OutlineSteps::edits = edits;
     _index.reset();
     _needsDisplay = false;
 }
@@ -71,14 +69,10 @@ LmOlNode* LmOutline::nodeWithKey(const char* key)
 void LmOutline::indexWholeTree()
 {
     _index = std::make_unique<lm::KeyIndex>();
-    std::vector<LmOlNode*> waiting{_root.get()};
-    while (!waiting.empty()) {
-        LmOlNode* node = waiting.back();
-        waiting.pop_back();
+    lm::walkTree(_root.get(), 0, [this](LmOlNode* node, int) {
         _index->insert(node);
-        for (int i = 0; i < node->nchild(); ++i)
-            waiting.push_back(node->child(i));
-    }
+        return false;
+    });
     _editsSeen = lm::OutlineSteps::edits;
 }
 
@@ -86,25 +80,23 @@ bool LmOutline::isTopLevel(const LmOlNode* node) const { return node->getParent(
 
 // --- building --------------------------------------------------------------------------------------------------------
 
-/// Edits of our own go into the index; so they do not count as edits that make it wrong.
 LmOlNode* LmOutline::append(LmOlNode* parent, char* label, char* key, void* hook)
 {
-    const unsigned edits = lm::OutlineSteps::edits;
+    const bool indexIsRight = _index && _editsSeen == lm::OutlineSteps::edits;
+    const lm::OwnEdits own;
     auto* node = new LmOlNode(label, key, hook);
     parent->addChild(node);
-    if (_index && _editsSeen == edits)
+    if (indexIsRight)
         _index->insert(node);
-    lm::OutlineSteps::edits = edits;
     _needsDisplay = true;
     return node;
 }
 
 void LmOutline::moveBelow(LmOlNode* node, LmOlNode* parent)
 {
-    const unsigned edits = lm::OutlineSteps::edits;
+    const lm::OwnEdits own;
     node->getParent()->removeChild(node);
     parent->addChild(node);
-    lm::OutlineSteps::edits = edits;
 }
 
 void LmOutline::add(char* parent, char* child)
@@ -337,13 +329,9 @@ void LmOutline::visitEveryKeyword(LmOlNode* start, void* clientData, void (*fn)(
 {
     if (!start)
         return;
-    std::vector<LmOlNode*> waiting{start};
-    while (!waiting.empty()) {
-        LmOlNode* node = waiting.back();
-        waiting.pop_back();
+    lm::walkTree(start, 0, [&](LmOlNode* node, int) {
         if (node->attrIndex() == _keywordAttr)
             fn(clientData, node);
-        for (int i = node->nchild() - 1; i >= 0; --i)
-            waiting.push_back(node->child(i));
-    }
+        return false;
+    });
 }

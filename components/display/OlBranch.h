@@ -36,6 +36,25 @@ private:
     void closeGaps();
 };
 
+/// Calls `visit(node, level)` with a node and its descendants, parents before children, in closed parts, too, until it answers
+/// true. Trees may be 50,000 levels deep, so this does not recurse.
+template <class Visit> void walkTree(LmOlNode* start, int level, Visit visit)
+{
+    struct At {
+        LmOlNode* node;
+        int level;
+    };
+    std::vector<At> waiting{{start, level}};
+    while (!waiting.empty()) {
+        const At at = waiting.back();
+        waiting.pop_back();
+        if (visit(at.node, at.level))
+            return;
+        for (int i = at.node->nchild() - 1; i >= 0; --i)
+            waiting.push_back({at.node->child(i), at.level + 1});
+    }
+}
+
 /// The parts of a toggle, for the outline.
 struct OutlineSteps {
     /// Marks all shown descendants as not shown; returns how many they were.
@@ -54,6 +73,18 @@ struct OutlineSteps {
     static const char* lineOf(const LmOlNode& node);
     /// Counts the public edits of all trees; whoever keeps an index of one sees by it that somebody else edited.
     static unsigned edits;
+};
+
+/// While it lives, edits are the outline's own: its index follows them, and nobody else's is made wrong by them.
+class OwnEdits {
+public:
+    OwnEdits() = default;
+    OwnEdits(const OwnEdits&) = delete;
+    OwnEdits& operator=(const OwnEdits&) = delete;
+    ~OwnEdits() { OutlineSteps::edits = _before; }
+
+private:
+    unsigned _before = OutlineSteps::edits;
 };
 
 }   // namespace lm
