@@ -78,4 +78,26 @@ template <auto M> XtInputId whenReady(XtAppContext context, int descriptor, XtIn
                          object);
 }
 
+/// When the event happened, in server time; 0 for null and for events that carry no time.
+inline Time timeOf(const XEvent* event)
+{
+    switch (event ? event->type : 0) {
+    case KeyPress:
+    case KeyRelease:
+        return event->xkey.time;
+    case ButtonPress:
+    case ButtonRelease:
+        return event->xbutton.time;
+    case MotionNotify:
+        return event->xmotion.time;
+    case EnterNotify:
+    case LeaveNotify:
+        return event->xcrossing.time;
+    case SelectionNotify:
+        return event->xselection.time;
+    default:
+        return 0;
+    }
+}
+
 }   // namespace lm

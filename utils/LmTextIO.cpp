@@ -344,24 +344,6 @@ void LmTextIO::modify_verify(Widget, XtPointer component, XtPointer callData) no
         self->processInput(static_cast<XmTextVerifyCallbackStruct*>(callData));
 }
 
-static Time timeOf(const XEvent* event)
-{
-    if (!event)
-        return 0;
-    switch (event->type) {
-    case KeyPress:
-    case KeyRelease:
-        return event->xkey.time;
-    case ButtonPress:
-    case ButtonRelease:
-        return event->xbutton.time;
-    case SelectionNotify:
-        return event->xselection.time;
-    default:
-        return 0;
-    }
-}
-
 /// The widget is about to change: refuses that, and makes the change itself where it is one of the input line.
 void LmTextIO::processInput(XmTextVerifyCallbackStruct* change)
 {
@@ -372,7 +354,7 @@ void LmTextIO::processInput(XmTextVerifyCallbackStruct* change)
     if (change->text && !inserts)
         change->text->ptr = nullptr;
     reallyRestorePrompt();
-    _eventTime = timeOf(change->event);
+    _eventTime = lm::timeOf(change->event);
     const int pos = translatePos(change->startPos);
     const auto replaced = static_cast<int>(change->endPos - change->startPos);
     if (text == "\n" && pos >= 0) {
@@ -461,7 +443,7 @@ void LmTextIO::ctrl_u(Widget w, XEvent* event, String*, Cardinal*) noexcept
     LmTextIO* self = componentOf(w);
     if (!self || !self->activated())
         return;
-    self->_eventTime = timeOf(event);
+    self->_eventTime = lm::timeOf(event);
     self->inputChar(21);
     self->_eventTime = 0;
 }
@@ -471,7 +453,7 @@ void LmTextIO::ctrl_w(Widget w, XEvent* event, String*, Cardinal*) noexcept
     LmTextIO* self = componentOf(w);
     if (!self || !self->activated())
         return;
-    self->_eventTime = timeOf(event);
+    self->_eventTime = lm::timeOf(event);
     self->inputChar(23);
     self->_eventTime = 0;
 }

@@ -7,9 +7,6 @@
 
 namespace lm {
 
-/// When the event happened, in server time; 0 for null and for events that carry no time.
-Time timeOf(const XEvent* event);
-
 /// When the event of a callback happened. The call data may be null, or starts as an XmAnyCallbackStruct.
 Time timeOfCall(XtPointer callData);
 
