@@ -30,12 +30,6 @@ Pixel colour(const char* name)
     return near.pixel;
 }
 
-void setSize(Widget w, int width, int height)
-{
-    XtVaSetValues(w, XmNwidth, static_cast<Dimension>(width), XmNheight, static_cast<Dimension>(height), nullptr);
-    settle();
-}
-
 }   // namespace
 
 TEST_F(ChartsOnScreen, ADeckTurnsBothWaysAndForgetsWhatIsDestroyed)

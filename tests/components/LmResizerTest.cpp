@@ -15,12 +15,6 @@ using namespace lmtest;
 
 namespace {
 
-std::string placeOf(Widget w)
-{
-    return std::to_string(w->core.width) + "x" + std::to_string(w->core.height) + "+" + std::to_string(w->core.x) + "+" +
-           std::to_string(w->core.y);
-}
-
 /// A board of 400 x 300 with a widget of 100 x 80 at 50, 60, and a text field beside the board.
 struct ResizerOnScreen : OnScreen {
     ResizerOnScreen()

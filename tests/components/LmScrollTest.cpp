@@ -22,18 +22,6 @@ namespace {
 
 using ScrollOnScreen = OnScreen;
 
-std::string placeOf(Widget w)
-{
-    return std::to_string(w->core.width) + "x" + std::to_string(w->core.height) + "+" + std::to_string(w->core.x) + "+" +
-           std::to_string(w->core.y);
-}
-
-void setSize(Widget w, int width, int height)
-{
-    XtVaSetValues(w, XmNwidth, static_cast<Dimension>(width), XmNheight, static_cast<Dimension>(height), nullptr);
-    settle();
-}
-
 /// maximum, value, sliderSize and pageIncrement of the scroll bar.
 std::array<int, 4> barOf(LmScroll& scroll)
 {

@@ -19,19 +19,6 @@ namespace {
 
 using GridOnScreen = OnScreen;
 
-/// "WxH+X+Y" of a widget in its parent.
-std::string placeOf(Widget w)
-{
-    return std::to_string(w->core.width) + "x" + std::to_string(w->core.height) + "+" + std::to_string(w->core.x) + "+" +
-           std::to_string(w->core.y);
-}
-
-void setSize(Widget w, int width, int height)
-{
-    XtVaSetValues(w, XmNwidth, static_cast<Dimension>(width), XmNheight, static_cast<Dimension>(height), nullptr);
-    settle();
-}
-
 Widget boxed(const char* name, Widget parent, int width, int height)
 {
     return XtVaCreateManagedWidget(name, xmTextFieldWidgetClass, parent, XmNwidth, width, XmNheight, height, nullptr);

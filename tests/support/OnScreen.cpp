@@ -4,6 +4,7 @@
 #include "support/resources.h"
 #include "support/xmtext.h"
 
+#include <X11/IntrinsicP.h>
 #include <X11/Shell.h>
 #include <X11/XKBlib.h>
 #include <X11/Xutil.h>
@@ -239,6 +240,18 @@ void expectPicture(Widget w, const std::string& name)
 // --- widgets -----------------------------------------------------------------------------------------------------------
 
 Widget childNamed(Widget w, const std::string& path) { return XtNameToWidget(w, path.c_str()); }
+
+std::string placeOf(Widget w)
+{
+    return std::to_string(w->core.width) + "x" + std::to_string(w->core.height) + "+" + std::to_string(w->core.x) + "+" +
+           std::to_string(w->core.y);
+}
+
+void setSize(Widget w, int width, int height)
+{
+    XtVaSetValues(w, XmNwidth, static_cast<Dimension>(width), XmNheight, static_cast<Dimension>(height), nullptr);
+    settle();
+}
 
 std::string textOf(Widget w, const char* resource)
 {

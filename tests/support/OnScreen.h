@@ -62,6 +62,10 @@ void expectPicture(Widget w, const std::string& name);
 
 /// The widget that a resource path such as "*menuBar" names, from `w` down; null when there is none.
 Widget childNamed(Widget w, const std::string& path);
+/// "WxH+X+Y" of a widget in its parent.
+std::string placeOf(Widget w);
+/// Gives a widget a size, and lets everything follow.
+void setSize(Widget w, int width, int height);
 /// The text of an XmString resource of the widget, lines joined by newlines.
 std::string textOf(Widget w, const char* resource = "labelString");
 /// Merges one resource line into the application's database.
